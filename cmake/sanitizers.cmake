@@ -1,0 +1,6 @@
+if(NORVAST_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+  # Code that must know: limits on address space do not go with a sanitizer's shadow memory.
+  add_compile_definitions(NORVAST_SANITIZED)
+endif()
