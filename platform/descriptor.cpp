@@ -1,0 +1,57 @@
+#include "platform/descriptor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+namespace norvast {
+namespace {
+
+// True when a failed transfer is to be tried again. A client may have made our end non-blocking:
+// then it waits until the descriptor is ready for `events`.
+bool tryAgain(int number, short events) {
+  if (errno == EINTR) return true;
+  if (errno != EAGAIN) return false;
+  pollfd wanted{number, events, 0};
+  return poll(&wanted, 1, -1) >= 0 || errno == EINTR;
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+  if (number_ >= 0) (void)close(number_);  // nothing was promised about what is still unwritten
+}
+
+std::optional<std::size_t> Descriptor::read(std::span<char> into) const {
+  for (;;) {
+    const ssize_t count = ::read(number_, into.data(), into.size());
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (!tryAgain(number_, POLLIN)) return std::nullopt;
+  }
+}
+
+bool Descriptor::write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(number_, bytes.data(), bytes.size());
+    if (count >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    } else if (!tryAgain(number_, POLLOUT)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void keepStandardDescriptorsOpen() {
+  for (int number = 0; number <= 2; ++number) {
+    // The lowest free number is taken, which is this one.
+    if (fcntl(number, F_GETFD) < 0) (void)open("/dev/null", O_RDWR);
+  }
+}
+
+void ignoreBrokenPipes() { (void)std::signal(SIGPIPE, SIG_IGN); }
+
+}  // namespace norvast

@@ -1,0 +1,46 @@
+// File descriptor: its one owner, and the one place where interrupted and short transfers are met.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace norvast {
+
+// Owns one open descriptor and closes it. Moved from, it owns none (-1).
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) : number_(number) {}
+  ~Descriptor();
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int number() const { return number_; }
+  explicit operator bool() const { return number_ >= 0; }
+
+  // Reads what there is, at most `into.size()` bytes, and waits for the first of them. 0 at the
+  // end, nothing on failure.
+  std::optional<std::size_t> read(std::span<char> into) const;
+
+  // Writes all bytes, waiting as long as it takes. False when not all could be written.
+  bool write(std::string_view bytes) const;
+
+ private:
+  int number_;
+};
+
+// Points those of the descriptors 0, 1 and 2 that are closed at /dev/null, so that no file opened
+// later takes their place.
+void keepStandardDescriptorsOpen();
+
+// Lets a write to a closed pipe fail instead of ending the process.
+void ignoreBrokenPipes();
+
+}  // namespace norvast

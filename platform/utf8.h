@@ -1,0 +1,23 @@
+// UTF-8: what is valid, and how invalid bytes are repaired (The Unicode Standard, section 3.9).
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace norvast {
+
+// True when every byte is ASCII.
+bool isAscii(std::string_view bytes);
+
+// How many leading bytes are valid UTF-8: all of them, or those before the first invalid sequence.
+std::size_t validUtf8Length(std::string_view bytes);
+
+// True when `bytes`, which begin with an invalid sequence, are only the beginning of one character
+// whose further bytes are missing: what a cut at a byte limit leaves.
+bool isCutCharacter(std::string_view bytes);
+
+// The bytes as valid UTF-8: each maximal invalid part replaced by one U+FFFD, all else unchanged.
+std::string repairUtf8(std::string bytes);
+
+}  // namespace norvast
