@@ -1,0 +1,19 @@
+#include "store/like_pattern.h"
+
+namespace norvast {
+
+std::string likeLiteral(std::string_view text) {
+  std::string literal;
+  literal.reserve(text.size() + 2);
+  for (const char character : text) {
+    if (character == '\\' || character == '%' || character == '_') literal += '\\';
+    literal += character;
+  }
+  return literal;
+}
+
+std::string likeContaining(std::string_view text) { return "%" + likeLiteral(text) + "%"; }
+
+std::string likeBelow(std::string_view folder) { return likeLiteral(folder) + "/%"; }
+
+}  // namespace norvast

@@ -1,0 +1,64 @@
+// Statement: one prepared SQL statement; the one place that prepares, binds, steps and reads.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+
+struct sqlite3_stmt;
+
+namespace norvast {
+
+class Connection;
+
+// Prepared on construction and finalized with its owner. One that could not be prepared (no
+// connection, no such table, bad syntax) never has a row.
+class Statement {
+ public:
+  Statement(const Connection& connection, const std::string& sql);
+
+  // As above, with `binds` bound as text to the parameters 1, 2, ...
+  Statement(const Connection& connection, const std::string& sql,
+            std::span<const std::string> binds);
+
+  explicit operator bool() const { return handle_ != nullptr; }
+
+  // Fills the parameter of that index, counted from 1. A text is cut at its first NUL, as SQLite
+  // takes it with a terminating one. A failure leaves the parameter NULL.
+  void bind(int index, const std::string& text);
+  void bind(int index, std::int64_t number);
+  // The bytes need not live longer than the call.
+  void bind(int index, std::span<const std::byte> blob);
+
+  // True when there is a next row, which the readers below then see. False at the end and on every
+  // failure: a busy database after the timeout, a damaged page, a statement that never was.
+  bool step();
+
+  // Runs to the end, ignoring rows. True when it got there without a failure.
+  bool run();
+
+  // Makes the statement ready to be bound and stepped anew. The old binds stay.
+  void reset();
+
+  int columnCount() const;
+
+  // A column of the current row, counted from 0, by SQLite's own conversion. As text: UTF-8 up to
+  // the first NUL, invalid sequences repaired with U+FFFD; NULL is the empty text.
+  std::string text(int column) const;
+  // NULL is 0.
+  std::int64_t integer(int column) const;
+  // The bytes are SQLite's and valid until the next step. Empty for NULL.
+  std::span<const std::byte> blob(int column) const;
+
+ private:
+  struct Finalize {
+    void operator()(sqlite3_stmt* handle) const;
+  };
+
+  std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+};
+
+}  // namespace norvast
