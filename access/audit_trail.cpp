@@ -27,6 +27,10 @@ std::int64_t secondsSince1970() {
 
 }  // namespace
 
+std::string quoted(std::string_view query) {
+  return std::string(1, '"').append(query).append(1, '"');
+}
+
 void audit(const MCPStore& store, const AuditEvent& event) {
   Statement insert(store.wdb,
                    "INSERT INTO audit_event(ts,verb,object,result,severity) VALUES(?,?,?,?,?)");

@@ -9,10 +9,13 @@
 namespace norvast {
 
 // Between the parts of a composite object or result: a blank, U+00B7 MIDDLE DOT, a blank.
-inline constexpr std::string_view AUDIT_SEPARATOR = " \xC2\xB7 ";
+inline constexpr const char* AUDIT_SEPARATOR = " · ";
 
 // How an event stands out in the trail: "ok", "warn" or "deny".
 enum class Severity { ok, warn, deny };
+
+// A query as it stands in an object: between two quotation marks, with nothing escaped.
+std::string quoted(std::string_view query);
 
 struct AuditEvent {
   std::string verb;    // what the client did: "read", "library-search"

@@ -1,0 +1,28 @@
+// Arguments: the readers of a tool call's arguments, which take any JSON and never fail.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/json.h"
+
+namespace norvast {
+
+// Reads one call's arguments object, which must outlive it.
+class Arguments {
+ public:
+  explicit Arguments(const Json::Object& values) : values_(values) {}
+
+  // The string under `key`, or the empty string when there is none or it is of another type.
+  std::string str(std::string_view key) const;
+
+  // The integer under `key`: a whole number within 64 bits, a string that is a decimal integer, or
+  // true as 1 and false as 0; for anything else `otherwise`. Not bounded in any other way.
+  std::int64_t intArg(std::string_view key, std::int64_t otherwise) const;
+
+ private:
+  const Json::Object& values_;
+};
+
+}  // namespace norvast

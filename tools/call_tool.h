@@ -1,0 +1,18 @@
+// Tool calls: the checks that come before every tool, and the table of tools.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/json.h"
+#include "store/mcp_store.h"
+
+namespace norvast {
+
+// Executes one call and answers with its tool result, which for a call refused here (AI access
+// off, no index, unknown tool) is an error that leaves no audit row. Names match whole and
+// case-sensitively, whether or not the catalogue offers the tool at the moment.
+Json callTool(const std::string& name, const Json::Object& arguments,
+              const std::optional<MCPStore>& store);
+
+}  // namespace norvast

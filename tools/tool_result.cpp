@@ -1,0 +1,20 @@
+#include "tools/tool_result.h"
+
+#include <utility>
+
+#include "platform/json_writer.h"
+
+namespace norvast {
+
+Json textResult(std::string text, IsError isError) {
+  return Json::Object{
+      {"content", Json::Array{Json::Object{{"type", "text"}, {"text", std::move(text)}}}},
+      {"isError", isError == IsError::yes},
+  };
+}
+
+std::string jsonText(const Json& value) {
+  return writeJson(value, JsonStyle::pretty).value_or("null");
+}
+
+}  // namespace norvast

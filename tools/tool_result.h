@@ -1,0 +1,19 @@
+// Tool result: what every tool call is answered with, refusals included.
+#pragma once
+
+#include <string>
+
+#include "platform/json.h"
+
+namespace norvast {
+
+enum class IsError : bool { no, yes };
+
+// {"content": [{"type": "text", "text": TEXT}], "isError": BOOLEAN}
+Json textResult(std::string text, IsError isError);
+
+// An answer of structured data as text: pretty-printed JSON with sorted keys, or "null" when it
+// holds a number that JSON cannot express (NaN, infinity).
+std::string jsonText(const Json& value);
+
+}  // namespace norvast
