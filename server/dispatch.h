@@ -1,0 +1,15 @@
+// Method dispatch: one incoming JSON-RPC message, at most one response line.
+#pragma once
+
+#include "platform/descriptor.h"
+#include "platform/json.h"
+#include "server/process_values.h"
+
+namespace norvast {
+
+// Answers `message` on `output`. A message without a method that is a string gets no answer, nor
+// does a notification; an unknown method with an id gets the error METHOD_NOT_FOUND. No state is
+// kept between messages.
+void handle(const Json::Object& message, const ProcessValues& values, const Descriptor& output);
+
+}  // namespace norvast

@@ -1,0 +1,47 @@
+// norvast_mcp: answers an AI client's requests about the user's files, one JSON-RPC message a line
+// on standard input and output. No arguments; ends with status 0 when standard input ends.
+#include <unistd.h>
+
+#include <memory>
+#include <new>
+#include <string>
+
+#include "platform/descriptor.h"
+#include "platform/json_parser.h"
+#include "server/dispatch.h"
+#include "server/line_reader.h"
+#include "server/process_values.h"
+
+namespace norvast {
+namespace {
+
+// The values live until the process is gone. Destroying them would close the index, and the last
+// connection's close writes to a database in write-ahead mode, which is not ours to do.
+const ProcessValues& settleProcessValues() {
+  static const ProcessValues* values = std::make_unique<ProcessValues>().release();
+  return *values;
+}
+
+// A line that is no JSON object is dropped in silence, and so is one too large for the memory.
+void serve(const std::string& line, const ProcessValues& values, const Descriptor& output) {
+  try {
+    const auto message = parseJson(line);
+    if (message && message->object() != nullptr) handle(*message->object(), values, output);
+  } catch (const std::bad_alloc&) {
+  }
+}
+
+}  // namespace
+}  // namespace norvast
+
+int main() {
+  using namespace norvast;
+  keepStandardDescriptorsOpen();
+  ignoreBrokenPipes();
+  const ProcessValues& values = settleProcessValues();
+  const Descriptor input(STDIN_FILENO);
+  const Descriptor output(STDOUT_FILENO);
+  LineReader lines(input);
+  while (const auto line = lines.next()) serve(*line, values, output);
+  return 0;
+}

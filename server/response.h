@@ -1,0 +1,25 @@
+// Responses: the shapes of the messages that the server writes, one compact JSON line each.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/descriptor.h"
+#include "platform/json.h"
+
+namespace norvast {
+
+// The only JSON-RPC error code in use (JSON-RPC 2.0, section 5.1).
+inline constexpr std::int64_t METHOD_NOT_FOUND = -32601;
+
+// Writes {"jsonrpc": "2.0", "result": RESULT} with the request's "id" when it had one, null
+// included. The line has reached the client when this returns. A message that cannot be rendered
+// (NaN, infinity) or written (the client has gone) is dropped.
+void reply(const Descriptor& output, const std::optional<Json>& id, Json result);
+
+// As `reply`, with "error": {"code": CODE, "message": MESSAGE} in place of the result.
+void replyError(const Descriptor& output, const std::optional<Json>& id, std::int64_t code,
+                const std::string& message);
+
+}  // namespace norvast
