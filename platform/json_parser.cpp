@@ -87,7 +87,8 @@ class ValueBuilder final : public nlohmann::json_sax<Library> {
 std::optional<Json> parseJson(std::string_view text) {
   // The library takes a NUL for the end of the text and skips a byte-order mark.
   constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-  if (text.find('\0') != text.npos || text.starts_with(BYTE_ORDER_MARK)) return std::nullopt;
+  if (text.find('\0') != std::string_view::npos || text.starts_with(BYTE_ORDER_MARK))
+    return std::nullopt;
 
   ValueBuilder builder;
   if (!Library::sax_parse(text.begin(), text.end(), &builder)) return std::nullopt;

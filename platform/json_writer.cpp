@@ -44,7 +44,7 @@ class Writer {
   bool put(double value) {
     if (!std::isfinite(value)) return false;
     std::array<char, 32> digits{};  // the longest shortest form has 24 characters
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    const auto* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return append({digits.data(), end});
   }
 

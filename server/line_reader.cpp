@@ -17,7 +17,7 @@ std::optional<std::string> LineReader::next() {
   while (!unread_.empty() || refill()) {
     const std::size_t end = unread_.find('\n');
     line.append(unread_.substr(0, end));
-    if (end == unread_.npos) {
+    if (end == std::string_view::npos) {
       unread_ = {};
       continue;
     }
