@@ -4,6 +4,7 @@
 
 #include "access/switch_files.h"
 #include "tools/arguments.h"
+#include "tools/library_search_tool.h"
 #include "tools/listing_tools.h"
 #include "tools/per_file_tools.h"
 #include "tools/tool_result.h"
@@ -17,9 +18,10 @@ struct Tool {
 };
 
 constexpr Tool TABLE[] = {
-    {"list_files", listFilesTool},     {"search_files", searchFilesTool},
-    {"get_metadata", getMetadataTool}, {"get_summary", getSummaryTool},
-    {"list_tags", listTagsTool},       {"traverse_package", traversePackageTool},
+    {"list_files", listFilesTool},         {"search_files", searchFilesTool},
+    {"get_metadata", getMetadataTool},     {"get_summary", getSummaryTool},
+    {"list_tags", listTagsTool},           {"traverse_package", traversePackageTool},
+    {"search_library", searchLibraryTool},
 };
 
 }  // namespace

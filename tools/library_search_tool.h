@@ -1,0 +1,14 @@
+// Library search tool: any indexed file by name, tag or summary, while the user allows it.
+#pragma once
+
+#include "platform/json.h"
+#include "store/mcp_store.h"
+#include "tools/arguments.h"
+
+namespace norvast {
+
+// "query", "limit" (30): metadata and summaries, never content. Refused without an audit row while
+// whole-library access is off.
+Json searchLibraryTool(const Arguments& args, const MCPStore& store);
+
+}  // namespace norvast
