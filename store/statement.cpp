@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 #include "platform/utf8.h"
 #include "store/connection.h"
 
@@ -63,9 +65,15 @@ void Statement::reset() {
 int Statement::columnCount() const { return sqlite3_column_count(handle_.get()); }
 
 std::string Statement::text(int column) const {
+  std::string value;
+  text(column, value);
+  return value;
+}
+
+void Statement::text(int column, std::string& into) const {
   const unsigned char* bytes = sqlite3_column_text(handle_.get(), column);
-  if (bytes == nullptr) return {};
-  return repairUtf8(reinterpret_cast<const char*>(bytes));
+  into.assign(bytes == nullptr ? "" : reinterpret_cast<const char*>(bytes));
+  if (validUtf8Length(into) < into.size()) into = repairUtf8(std::move(into));
 }
 
 std::int64_t Statement::integer(int column) const {

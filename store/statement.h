@@ -48,6 +48,8 @@ class Statement {
   // A column of the current row, counted from 0, by SQLite's own conversion. As text: UTF-8 up to
   // the first NUL, invalid sequences repaired with U+FFFD; NULL is the empty text.
   std::string text(int column) const;
+  // The same into memory that is already there, for rows by the hundred thousand.
+  void text(int column, std::string& into) const;
   // NULL is 0.
   std::int64_t integer(int column) const;
   // The bytes are SQLite's and valid until the next step. Empty for NULL.
