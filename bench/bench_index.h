@@ -1,0 +1,42 @@
+// Bench index: an index of made-up rows in a throw-away home folder, from a fixed seed.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "store/connection.h"
+#include "store/statement.h"
+
+namespace norvast {
+
+// Makes a new home folder this process's own and puts an empty index there; removed with its owner.
+class BenchIndex {
+ public:
+  BenchIndex();
+  ~BenchIndex();
+  BenchIndex(const BenchIndex&) = delete;
+  BenchIndex& operator=(const BenchIndex&) = delete;
+
+  // `count` files with an embedding of 512 floats each, nominated with content, and their passages
+  // of about 600 characters with a vector each.
+  void addEmbeddedFiles(std::int64_t count, std::int64_t passagesAFile);
+
+  // `count` files with summaries of about 400 characters and a few tags.
+  void addSummarisedFiles(std::int64_t count);
+
+  void addSwitchFile(const std::string& name) const;
+
+ private:
+  void execute(const std::string& sql) const;
+  std::vector<float> randomVector();
+  std::string randomText(std::size_t bytes);
+
+  std::filesystem::path home_;
+  Connection connection_;
+  std::mt19937 random_{1};
+};
+
+}  // namespace norvast
