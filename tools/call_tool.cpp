@@ -4,6 +4,7 @@
 
 #include "access/switch_files.h"
 #include "tools/arguments.h"
+#include "tools/content_tool.h"
 #include "tools/library_search_tool.h"
 #include "tools/listing_tools.h"
 #include "tools/per_file_tools.h"
@@ -18,9 +19,13 @@ struct Tool {
 };
 
 constexpr Tool TABLE[] = {
-    {"list_files", listFilesTool},         {"search_files", searchFilesTool},
-    {"get_metadata", getMetadataTool},     {"get_summary", getSummaryTool},
-    {"list_tags", listTagsTool},           {"traverse_package", traversePackageTool},
+    {"list_files", listFilesTool},
+    {"search_files", searchFilesTool},
+    {"get_metadata", getMetadataTool},
+    {"get_summary", getSummaryTool},
+    {"list_tags", listTagsTool},
+    {"traverse_package", traversePackageTool},
+    {"read_file_content", readFileContentTool},
     {"search_library", searchLibraryTool},
 };
 
