@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace norvast {
 namespace {
@@ -19,15 +18,17 @@ bool nextCharacter(std::string_view bytes, std::size_t& at) {
   return character >= 0;
 }
 
-// How many bytes from `at` are ASCII, rounded down to whole words of eight bytes.
+// How many bytes from `at` are ASCII, rounded down to whole blocks, which a compiler tests with few
+// instructions.
 std::size_t asciiRun(std::string_view bytes, std::size_t at) {
-  constexpr std::uint64_t HIGH_BITS = 0x8080808080808080U;
+  constexpr std::size_t BLOCK = 64;
   std::size_t end = at;
-  std::uint64_t word = 0;
-  while (bytes.size() - end >= sizeof word) {
-    std::memcpy(&word, bytes.data() + end, sizeof word);
-    if ((word & HIGH_BITS) != 0) break;
-    end += sizeof word;
+  for (; bytes.size() - end >= BLOCK; end += BLOCK) {
+    unsigned char all = 0;
+    for (std::size_t byte = 0; byte < BLOCK; ++byte) {
+      all = static_cast<unsigned char>(all | static_cast<unsigned char>(bytes[end + byte]));
+    }
+    if (all >= 0x80) break;
   }
   return end - at;
 }
@@ -44,6 +45,7 @@ std::size_t validUtf8Length(std::string_view bytes) {
   std::size_t at = 0;
   for (;;) {
     at += asciiRun(bytes, at);
+    while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80) ++at;
     if (at == bytes.size()) return at;
     const std::size_t start = at;
     if (!nextCharacter(bytes, at)) return start;

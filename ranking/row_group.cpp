@@ -8,85 +8,86 @@
 namespace norvast {
 namespace {
 
-constexpr std::size_t LANES = 8;
+constexpr std::size_t LANES = ROWS_A_GROUP / 2;
 
 // Eight floats side by side: one register where the processor has that width, else several.
 using Lanes = float __attribute__((vector_size(LANES * sizeof(float))));
 
+// Elements of one row, taken from memory in one load. (A memcpy into a Lanes goes through the stack
+// in halves, which the load behind it then waits for.)
+constexpr std::size_t STEP = 4;
+using Quarter = float __attribute__((vector_size(STEP * sizeof(float))));
+using QuarterInMemory =
+    float __attribute__((vector_size(STEP * sizeof(float)), aligned(alignof(float)), may_alias));
+
+// The two sums of each row of a group.
 struct Sums {
-  alignas(Lanes) std::array<float, LANES> dot;
-  alignas(Lanes) std::array<float, LANES> squares;
+  std::array<float, ROWS_A_GROUP> dot;
+  std::array<float, ROWS_A_GROUP> squares;
 };
 
-// Lane r of columns[i] becomes element i of rows[r]: eight elements of eight rows, transposed
-// within the halves of a register first and across them last.
-[[gnu::always_inline]] inline void loadTransposed(const float* const* rows, std::size_t at,
-                                                  Lanes (&columns)[LANES]) {
-  Lanes r[LANES];
-  for (std::size_t row = 0; row < LANES; ++row) std::memcpy(&r[row], rows[row] + at, sizeof r[row]);
-
-  Lanes pairs[LANES];
-  for (std::size_t row = 0; row < LANES; row += 2) {
-    pairs[row] = __builtin_shufflevector(r[row], r[row + 1], 0, 8, 1, 9, 4, 12, 5, 13);
-    pairs[row + 1] = __builtin_shufflevector(r[row], r[row + 1], 2, 10, 3, 11, 6, 14, 7, 15);
-  }
-  Lanes fours[LANES];
-  for (std::size_t half = 0; half < LANES; half += 4) {
-    for (std::size_t odd = 0; odd < 2; ++odd) {
-      const Lanes& low = pairs[half + odd];
-      const Lanes& high = pairs[half + odd + 2];
-      fours[half + 2 * odd] = __builtin_shufflevector(low, high, 0, 1, 8, 9, 4, 5, 12, 13);
-      fours[half + 2 * odd + 1] = __builtin_shufflevector(low, high, 2, 3, 10, 11, 6, 7, 14, 15);
-    }
-  }
-  for (std::size_t at4 = 0; at4 < 4; ++at4) {
-    const Lanes& low = fours[at4];
-    const Lanes& high = fours[at4 + 4];
-    columns[at4] = __builtin_shufflevector(low, high, 0, 1, 2, 3, 8, 9, 10, 11);
-    columns[at4 + 4] = __builtin_shufflevector(low, high, 4, 5, 6, 7, 12, 13, 14, 15);
-  }
+[[gnu::always_inline]] inline void load(const float* low, const float* high, Lanes& both) {
+  const Quarter lowFour = *reinterpret_cast<const QuarterInMemory*>(low);
+  const Quarter highFour = *reinterpret_cast<const QuarterInMemory*>(high);
+  both = __builtin_shufflevector(lowFour, highFour, 0, 1, 2, 3, 4, 5, 6, 7);
 }
 
-// Adds elements `at` to `at` + LANES of eight rows to their sums, one element after the other.
+// Lane r of columns[i] becomes element at + i of rows[r]: rows 0 to 3 are transposed in the low
+// half of the registers, rows 4 to 7 in the high one.
+[[gnu::always_inline]] inline void loadColumns(const float* const* rows, std::size_t at,
+                                               Lanes (&columns)[STEP]) {
+  Lanes a;
+  Lanes b;
+  Lanes c;
+  Lanes d;
+  load(rows[0] + at, rows[4] + at, a);
+  load(rows[1] + at, rows[5] + at, b);
+  load(rows[2] + at, rows[6] + at, c);
+  load(rows[3] + at, rows[7] + at, d);
+  const Lanes abLow = __builtin_shufflevector(a, b, 0, 8, 1, 9, 4, 12, 5, 13);
+  const Lanes abHigh = __builtin_shufflevector(a, b, 2, 10, 3, 11, 6, 14, 7, 15);
+  const Lanes cdLow = __builtin_shufflevector(c, d, 0, 8, 1, 9, 4, 12, 5, 13);
+  const Lanes cdHigh = __builtin_shufflevector(c, d, 2, 10, 3, 11, 6, 14, 7, 15);
+  columns[0] = __builtin_shufflevector(abLow, cdLow, 0, 1, 8, 9, 4, 5, 12, 13);
+  columns[1] = __builtin_shufflevector(abLow, cdLow, 2, 3, 10, 11, 6, 7, 14, 15);
+  columns[2] = __builtin_shufflevector(abHigh, cdHigh, 0, 1, 8, 9, 4, 5, 12, 13);
+  columns[3] = __builtin_shufflevector(abHigh, cdHigh, 2, 3, 10, 11, 6, 7, 14, 15);
+}
+
+// Adds STEP elements of every row to its sums, one element after the other.
 [[gnu::always_inline]] inline void addColumns(const float* query, const float* const* rows,
                                               std::size_t at, Lanes& dot, Lanes& squares) {
-  Lanes columns[LANES];
-  loadTransposed(rows, at, columns);
-  for (std::size_t element = 0; element < LANES; ++element) {
+  Lanes columns[STEP];
+  loadColumns(rows, at, columns);
+  for (std::size_t element = 0; element < STEP; ++element) {
     dot += columns[element] * query[at + element];
     squares += columns[element] * columns[element];
   }
 }
 
 [[gnu::always_inline]] inline void sumGroup(std::span<const float> query, const float* const* rows,
-                                            Sums (&sums)[ROWS_A_GROUP / LANES]) {
-  Lanes firstDot{};
-  Lanes firstSquares{};
-  Lanes secondDot{};
-  Lanes secondSquares{};
-  const std::size_t whole = query.size() - query.size() % LANES;
-  for (std::size_t at = 0; at < whole; at += LANES) {
-    addColumns(query.data(), rows, at, firstDot, firstSquares);
-    addColumns(query.data(), rows + LANES, at, secondDot, secondSquares);
+                                            Sums& sums) {
+  Lanes dot[2] = {};
+  Lanes squares[2] = {};
+  const std::size_t whole = query.size() - query.size() % STEP;
+  for (std::size_t at = 0; at < whole; at += STEP) {
+    addColumns(query.data(), rows, at, dot[0], squares[0]);
+    addColumns(query.data(), rows + LANES, at, dot[1], squares[1]);
   }
-  std::memcpy(sums[0].dot.data(), &firstDot, sizeof firstDot);
-  std::memcpy(sums[0].squares.data(), &firstSquares, sizeof firstSquares);
-  std::memcpy(sums[1].dot.data(), &secondDot, sizeof secondDot);
-  std::memcpy(sums[1].squares.data(), &secondSquares, sizeof secondSquares);
+  std::memcpy(sums.dot.data(), &dot, sizeof dot);
+  std::memcpy(sums.squares.data(), &squares, sizeof squares);
 }
 
-using SumGroup = void (*)(std::span<const float>, const float* const*,
-                          Sums (&)[ROWS_A_GROUP / LANES]);
+using SumGroup = void (*)(std::span<const float>, const float* const*, Sums&);
 
-void sumGroupAnywhere(std::span<const float> query, const float* const* rows,
-                      Sums (&sums)[ROWS_A_GROUP / LANES]) {
+void sumGroupAnywhere(std::span<const float> query, const float* const* rows, Sums& sums) {
   sumGroup(query, rows, sums);
 }
 
 #if defined(__x86_64__)
 // The same source for wider registers. Without "fma", so that nothing can be fused.
 [[gnu::target("avx2")]] void sumGroupAvx2(std::span<const float> query, const float* const* rows,
-                                          Sums (&sums)[ROWS_A_GROUP / LANES]) {
+                                          Sums& sums) {
   sumGroup(query, rows, sums);
 }
 
@@ -107,14 +108,14 @@ float QueryVector::similarityTo(std::span<const float> row) const { return cosin
 std::array<float, ROWS_A_GROUP> QueryVector::similaritiesTo(
     const std::array<const float*, ROWS_A_GROUP>& rows) const {
   static const SumGroup sumRows = fastestSumGroup();
-  Sums sums[ROWS_A_GROUP / LANES];
+  Sums sums{};
   sumRows(values_, rows.data(), sums);
 
   std::array<float, ROWS_A_GROUP> similarities{};
   for (std::size_t row = 0; row < ROWS_A_GROUP; ++row) {
-    float dot = sums[row / LANES].dot[row % LANES];
-    float squares = sums[row / LANES].squares[row % LANES];
-    for (std::size_t at = size() - size() % LANES; at < size(); ++at) {
+    float dot = sums.dot[row];
+    float squares = sums.squares[row];
+    for (std::size_t at = size() - size() % STEP; at < size(); ++at) {
       dot += values_[at] * rows[row][at];
       squares += rows[row][at] * rows[row][at];
     }

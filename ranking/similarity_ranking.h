@@ -45,16 +45,19 @@ class SimilarityRanking {
   SimilarityRanking(std::vector<float> query, std::size_t limit, SamePath samePath = SamePath::each)
       : query_(std::move(query)), limit_(limit), samePath_(samePath) {}
 
-  // Takes the row's contents and leaves memory of the same size for the next.
-  void add(Row& row) {
+  // Where the next row is to be put before `add` takes it. What it holds is old.
+  Row& slot() { return group_[waiting_]; }
+
+  // Takes the row in the slot, the next in the store's order.
+  void add() {
     if (limit_ == 0) return;
-    const std::uint64_t number = count_++;
+    numbers_[waiting_] = count_++;
+    const Row& row = slot();
     if (row.vec.size() != query_.size() || row.vec.empty()) {
-      return offer({query_.similarityTo(row.vec), number}, row);
+      offer({query_.similarityTo(row.vec), numbers_[waiting_]}, slot());
+    } else if (++waiting_ == ROWS_A_GROUP) {
+      scoreGroup();
     }
-    numbers_[waiting_] = number;
-    std::swap(group_[waiting_], row);
-    if (++waiting_ == ROWS_A_GROUP) scoreGroup();
   }
 
   // The best rows, best first. The ranking is used up.

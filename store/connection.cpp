@@ -4,6 +4,8 @@
 
 namespace norvast {
 
+void useSqliteFromOneThread() { (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD); }
+
 void Connection::Close::operator()(sqlite3* handle) const {
   (void)sqlite3_close(
       handle);  // fails only while a statement lives, and none outlives its function

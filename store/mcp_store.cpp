@@ -18,6 +18,7 @@ std::optional<MCPStore> MCPStore::open() {
   // SQLite would open a directory, and wait at a FIFO for ever.
   if (!path || !regularFileExists(*path)) return std::nullopt;
 
+  useSqliteFromOneThread();
   MCPStore store;
   store.rdb = Connection::openReadOnly(*path);
   if (!store.rdb) return std::nullopt;

@@ -29,40 +29,42 @@ bool decode(std::span<const std::byte> blob, std::vector<float>& into) {
   return true;
 }
 
-void embeddings(const MCPStore& store, const char* sql,
-                const std::function<void(EmbeddingRow&)>& visit) {
-  Statement statement(store.rdb, sql);
-  EmbeddingRow row;
-  while (statement.step()) {
-    if (!decode(statement.blob(1), row.vec)) continue;
-    statement.text(0, row.path);
-    visit(row);
-  }
-}
-
 }  // namespace
 
-void allowlistedEmbeddings(const MCPStore& store, const std::function<void(EmbeddingRow&)>& visit) {
-  embeddings(store, "SELECT e.path, e.vec FROM embedding e JOIN mcp_exposure m ON m.path = e.path",
-             visit);
-}
-
-void libraryEmbeddings(const MCPStore& store, const std::function<void(EmbeddingRow&)>& visit) {
-  embeddings(store, "SELECT path, vec FROM embedding", visit);
-}
-
-void allowlistedChunks(const MCPStore& store, const std::function<void(ChunkRow&)>& visit) {
-  Statement statement(store.rdb,
-                      "SELECT c.path, c.ord, c.text, c.vec FROM chunk c JOIN mcp_exposure m ON "
-                      "m.path = c.path WHERE m.allow_content = 1");
-  ChunkRow row;
-  while (statement.step()) {
-    if (!decode(statement.blob(3), row.vec)) continue;
-    statement.text(0, row.path);
-    row.ord = statement.integer(1);
-    statement.text(2, row.text);
-    visit(row);
+template <>
+bool VectorRows<EmbeddingRow>::next(EmbeddingRow& row) {
+  while (statement_.step()) {
+    if (!decode(statement_.blob(1), row.vec)) continue;
+    statement_.text(0, row.path);
+    return true;
   }
+  return false;
+}
+
+template <>
+bool VectorRows<ChunkRow>::next(ChunkRow& row) {
+  while (statement_.step()) {
+    if (!decode(statement_.blob(3), row.vec)) continue;
+    statement_.text(0, row.path);
+    row.ord = statement_.integer(1);
+    statement_.text(2, row.text);
+    return true;
+  }
+  return false;
+}
+
+VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store) {
+  return {store, "SELECT e.path, e.vec FROM embedding e JOIN mcp_exposure m ON m.path = e.path"};
+}
+
+VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store) {
+  return {store, "SELECT path, vec FROM embedding"};
+}
+
+VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store) {
+  return {store,
+          "SELECT c.path, c.ord, c.text, c.vec FROM chunk c JOIN mcp_exposure m ON m.path = c.path "
+          "WHERE m.allow_content = 1"};
 }
 
 }  // namespace norvast

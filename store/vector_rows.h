@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "store/mcp_store.h"
+#include "store/statement.h"
 
 namespace norvast {
 
@@ -25,18 +25,29 @@ struct ChunkRow {
   std::vector<float> vec;
 };
 
-// Each calls `visit` with every row in the order in which SQLite returns them; rows whose blob is
-// empty or NULL are left out, other NULLs read as 0 or the empty text. The row is the visitor's to
-// move from or to swap: it is filled anew for the next call, into the memory that it then holds.
-// A statement that fails ends the rows.
+// The rows of one query, in the order in which SQLite returns them. The statement lives as long as
+// this does; it must be gone before the audit row is written, since an open read can keep our own
+// write waiting.
+template <typename Row>
+class VectorRows {
+ public:
+  VectorRows(const MCPStore& store, const char* sql) : statement_(store.rdb, sql) {}
+
+  // Puts the next row into `row`, reusing the memory that it has. Rows whose blob is empty or NULL
+  // are left out; other NULLs read as 0 or the empty text. False at the end and on a failure.
+  bool next(Row& row);
+
+ private:
+  Statement statement_;
+};
 
 // Of the nominated files.
-void allowlistedEmbeddings(const MCPStore& store, const std::function<void(EmbeddingRow&)>& visit);
+VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store);
 
 // Of every indexed file.
-void libraryEmbeddings(const MCPStore& store, const std::function<void(EmbeddingRow&)>& visit);
+VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store);
 
 // Of the nominated files whose content may be read.
-void allowlistedChunks(const MCPStore& store, const std::function<void(ChunkRow&)>& visit);
+VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store);
 
 }  // namespace norvast

@@ -117,7 +117,10 @@ TEST(SimilarityRanking, IsThePrefixOfAStableSort) {
     for (const std::size_t limit : {0, 1, 3, 16, 50, 1000}) {
       for (const SamePath samePath : {SamePath::each, SamePath::bestAlone}) {
         SimilarityRanking<EmbeddingRow> ranking(query, limit, samePath);
-        for (EmbeddingRow row : rows) ranking.add(row);
+        for (const EmbeddingRow& row : rows) {
+          ranking.slot() = row;
+          ranking.add();
+        }
         std::vector<std::string> paths;
         for (const auto& ranked : ranking.take()) paths.push_back(ranked.row.path);
         EXPECT_EQ(paths, sortedPaths(query, rows, limit, samePath)) << count << ", " << limit;
@@ -129,8 +132,8 @@ TEST(SimilarityRanking, IsThePrefixOfAStableSort) {
 TEST(SimilarityRanking, KeepsTheStoreOrderForAnEmptyQuery) {
   SimilarityRanking<ChunkRow> ranking({}, 2);
   for (const char* path : {"/c", "/a", "/b"}) {
-    ChunkRow row{path, 1, "text", {1, 2}};
-    ranking.add(row);
+    ranking.slot() = {path, 1, "text", {1, 2}};
+    ranking.add();
   }
   const auto best = ranking.take();
   ASSERT_EQ(best.size(), 2U);
