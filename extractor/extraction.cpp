@@ -47,6 +47,7 @@ std::optional<std::string> extractImage(const Descriptor& file, std::size_t limi
   if (!image) return std::nullopt;
   std::string text = joined(recognizer->lines(*image));
   text.resize(firstClusters(text, limitClusters).size());
+  if (text.empty()) return std::nullopt;
   return text;
 }
 

@@ -24,9 +24,8 @@ Descriptor takeOutput() {
   return output;
 }
 
-bool run(std::span<const char* const> arguments) try {
+bool run(std::span<const char* const> arguments, const Descriptor& output) try {
   const auto request = parseRequest(arguments);
-  const Descriptor output = takeOutput();
   if (!request || !output || !limitExtractor(output)) return false;
   const auto text = extractText(*request, Descriptor(STDIN_FILENO));
   return text && output.write(*text);
@@ -38,8 +37,10 @@ bool run(std::span<const char* const> arguments) try {
 }  // namespace norvast
 
 int main(int count, char** arguments) {
-  const bool done =
-      count > 0 && norvast::run(std::span(arguments, static_cast<std::size_t>(count)).subspan(1));
+  using namespace norvast;
+  const std::span all(arguments, static_cast<std::size_t>(count));
+  const Descriptor output = takeOutput();  // open until the end, which its reader waits for
+  const bool done = !all.empty() && run(all.subspan(1), output);
   // The memory goes with the process; taking it apart first would only cost time.
   _exit(done ? 0 : 1);
 }

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -54,6 +55,17 @@ class FileActions {
   bool valid_ = false;
 };
 
+// Waits until there is something to read, or the end of it. False when the time is over first.
+bool waitForInput(const Descriptor& from, Clock::time_point end) {
+  pollfd wanted{from.number(), POLLIN, 0};
+  for (;;) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
+    const int ready = poll(&wanted, 1, static_cast<int>(std::max<std::int64_t>(left, 0)));
+    if (ready > 0) return true;
+    if (ready == 0 || errno != EINTR) return false;
+  }
+}
+
 // A started child, killed and reaped by its owner at the latest.
 class Child {
  public:
@@ -69,20 +81,19 @@ class Child {
       id_ = started;
     }
   }
-  ~Child() { (void)endsWell(); }
+  ~Child() {
+    if (id_ >= 0) (void)reap();
+  }
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;
 
-  // Ends the child. True when it had already begun to exit, with status 0: the kill that makes
-  // sure of its end cannot change a status that is settled.
-  bool endsWell() {
+  // Waits until the child has exited, but not beyond `end`, and makes sure of it. True when it
+  // exited by itself, with status 0.
+  bool endsWell(Clock::time_point end) {
     if (id_ < 0) return false;
-    (void)kill(id_, SIGKILL);
-    int status = -1;
-    while (waitpid(id_, &status, 0) < 0 && errno == EINTR) {
-    }
-    id_ = -1;
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    const Descriptor exited(static_cast<int>(syscall(SYS_pidfd_open, id_, 0)));
+    if (exited) (void)waitForInput(exited, end);
+    return reap();
   }
 
  private:
@@ -93,26 +104,25 @@ class Child {
     return result;
   }
 
+  // The signal changes nothing for a child that has begun to exit.
+  bool reap() {
+    (void)kill(id_, SIGKILL);
+    int status = -1;
+    while (waitpid(id_, &status, 0) < 0 && errno == EINTR) {
+    }
+    id_ = -1;
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  }
+
   pid_t id_ = -1;
 };
 
-// Waits until there is something to read or the end. False when the time is over first.
-bool waitForOutput(const Descriptor& from, Clock::time_point end) {
-  pollfd wanted{from.number(), POLLIN, 0};
-  for (;;) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
-    const int ready = poll(&wanted, 1, static_cast<int>(std::max<std::int64_t>(left, 0)));
-    if (ready > 0) return true;
-    if (ready == 0 || errno != EINTR) return false;
-  }
-}
-
-// All that comes until the other end is closed, which a program leaves to its exit.
+// All that comes until the other end is closed.
 std::optional<std::string> readAll(const Descriptor& from, std::size_t limit,
                                    Clock::time_point end) {
   std::string bytes;
   for (;;) {
-    if (!waitForOutput(from, end)) return std::nullopt;
+    if (!waitForInput(from, end)) return std::nullopt;
     const std::size_t start = bytes.size();
     bytes.resize(start + BYTES_A_READ);
     const auto count = from.read(std::span(bytes).subspan(start));
@@ -131,9 +141,9 @@ std::optional<std::string> outputOf(const ChildCommand& command, const Descripto
   if (!pipe || !actions.connect(input, pipe->writeEnd)) return std::nullopt;
 
   Child child(command, actions);
-  pipe->writeEnd = Descriptor();  // the child's is the only one: its exit is the end
+  pipe->writeEnd = Descriptor();  // the child's is the only one: its exit closes it
   auto output = readAll(pipe->readEnd, command.limitBytes, end);
-  if (!child.endsWell() || !output) return std::nullopt;
+  if (!output || !child.endsWell(end)) return std::nullopt;
   return output;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/first_frame.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -31,9 +32,14 @@ std::string littleEndian(std::uint32_t value, std::size_t count) {
 constexpr char GIF_EXTENSION = 0x21;
 constexpr char GIF_PICTURE = 0x2C;
 constexpr char GIF_TRAILER = 0x3B;
+constexpr std::size_t GIF_SCREEN_FLAGS_AT = 10;
+constexpr std::size_t GIF_TABLE_AT = 13;
+constexpr std::size_t GIF_PICTURE_FLAGS_AT = 9;
+constexpr std::size_t GIF_PICTURE_HEAD = 10;
+constexpr std::size_t GIF_COLOUR = 3;
 
-std::size_t gifColourTableSize(std::uint32_t flags) {
-  return (flags & 0x80U) == 0 ? 0 : std::size_t{3} << ((flags & 7U) + 1);
+std::size_t gifTableSize(std::uint32_t flags) {
+  return (flags & 0x80U) == 0 ? 0 : GIF_COLOUR << ((flags & 7U) + 1);
 }
 
 // Behind the data at `at`: parts that begin with their length, the last one of length 0.
@@ -44,6 +50,36 @@ std::size_t behindGifData(std::string_view bytes, std::size_t at) {
     if (length == 0) break;
   }
   return at;
+}
+
+// Where the first picture begins and which colour is transparent in it, as the graphic control
+// extension before it says: 0x21 0xF9, length (1), flags (1), delay (2), colour (1).
+struct GifPicture {
+  std::size_t at = 0;
+  std::optional<std::size_t> transparent;
+};
+
+std::optional<GifPicture> findGifPicture(std::string_view bytes) {
+  GifPicture picture;
+  picture.at = GIF_TABLE_AT + gifTableSize(number(bytes, GIF_SCREEN_FLAGS_AT, 1));
+  while (picture.at < bytes.size() && bytes[picture.at] == GIF_EXTENSION) {
+    const bool hasColour =
+        number(bytes, picture.at + 1, 1) == 0xF9 && (number(bytes, picture.at + 3, 1) & 1U) != 0;
+    if (hasColour) picture.transparent = number(bytes, picture.at + 6, 1);
+    picture.at = behindGifData(bytes, picture.at + 2);
+  }
+  if (picture.at >= bytes.size() || bytes[picture.at] != GIF_PICTURE) return std::nullopt;
+  return picture;
+}
+
+// The picture's own colour table counts, or else the one of all pictures.
+void whitenGifColour(std::string& bytes, std::size_t picture, std::size_t colour) {
+  const std::size_t own = gifTableSize(number(bytes, picture + GIF_PICTURE_FLAGS_AT, 1));
+  const std::size_t table = own > 0 ? picture + GIF_PICTURE_HEAD : GIF_TABLE_AT;
+  const std::size_t size = own > 0 ? own : gifTableSize(number(bytes, GIF_SCREEN_FLAGS_AT, 1));
+  const std::size_t at = colour * GIF_COLOUR;
+  if (at >= size || table + size > bytes.size()) return;
+  bytes.replace(table + at, GIF_COLOUR, GIF_COLOUR, '\xFF');
 }
 
 // RIFF: chunks of a name (4 bytes), a length (4), that many bytes, and a filler to an even length.
@@ -88,12 +124,13 @@ std::string webpOfFrame(std::string_view frame) {
 }  // namespace
 
 std::string firstGifFrame(std::string_view bytes) {
-  constexpr std::size_t BLOCKS_AT = 13;
-  std::size_t at = BLOCKS_AT + gifColourTableSize(number(bytes, 10, 1));
-  while (at < bytes.size() && bytes[at] == GIF_EXTENSION) at = behindGifData(bytes, at + 2);
-  if (at >= bytes.size() || bytes[at] != GIF_PICTURE) return std::string(bytes);
-  at = behindGifData(bytes, at + 11 + gifColourTableSize(number(bytes, at + 9, 1)));
-  return std::string(bytes.substr(0, at)).append(1, GIF_TRAILER);
+  const auto picture = findGifPicture(bytes);
+  if (!picture) return std::string(bytes);
+  const std::size_t table = gifTableSize(number(bytes, picture->at + GIF_PICTURE_FLAGS_AT, 1));
+  const std::size_t data = picture->at + GIF_PICTURE_HEAD + table + 1;
+  std::string frame(bytes.substr(0, behindGifData(bytes, data)));
+  if (picture->transparent) whitenGifColour(frame, picture->at, *picture->transparent);
+  return frame.append(1, GIF_TRAILER);
 }
 
 std::string firstWebpFrame(std::string_view bytes) {

@@ -6,7 +6,8 @@
 
 namespace norvast {
 
-// A GIF file (GIF89a) that ends behind its first picture, or `bytes` when no end can be found.
+// The GIF file (GIF89a) ended behind its first picture, whose transparent colour is made white; or
+// `bytes` when it has none.
 std::string firstGifFrame(std::string_view bytes);
 
 // A WebP file of the first frame of an animated one (RFC 9649), or `bytes` when it is not animated.
