@@ -3,9 +3,12 @@
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/uscript.h>
 #include <unicode/utext.h>
+#include <unicode/utf8.h>
 
-#include <limits>
+#include <cstdint>
 #include <memory>
 
 #include "platform/utf8.h"
@@ -13,54 +16,78 @@
 namespace norvast {
 namespace {
 
-constexpr std::size_t NO_LIMIT = std::numeric_limits<std::size_t>::max();
-
-struct ClusterSpan {
-  std::size_t clusters = 0;
-  std::size_t bytes = 0;  // that they take, from the beginning of the text
-};
-
-// In ASCII only a carriage return and line feed make one cluster of two characters (rule GB3).
-ClusterSpan walkAscii(std::string_view text, std::size_t limit) {
-  ClusterSpan span;
-  while (span.bytes < text.size() && span.clusters < limit) {
-    span.bytes += text.substr(span.bytes).starts_with("\r\n") ? 2 : 1;
-    ++span.clusters;
+// Calls `visit` with the end of each cluster, in bytes, until it answers false. In ASCII only a
+// carriage return and line feed make one cluster of two characters (rule GB3).
+template <typename Visit>
+void walkAscii(std::string_view text, Visit visit) {
+  for (std::size_t end = 0; end < text.size();) {
+    end += text.substr(end).starts_with("\r\n") ? 2 : 1;
+    if (!visit(end)) return;
   }
-  return span;
 }
 
 struct CloseText {
   void operator()(UText* text) const { utext_close(text); }
 };
 
-ClusterSpan walk(std::string_view text, std::size_t limit) {
-  if (isAscii(text)) return walkAscii(text, limit);
+template <typename Visit>
+void walk(std::string_view text, Visit visit) {
+  if (isAscii(text)) return walkAscii(text, visit);
 
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UText, CloseText> source(
       utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
   const std::unique_ptr<icu::BreakIterator> boundaries(
       icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-  if (U_FAILURE(status) != 0) return walkAscii(text, limit);  // no Unicode data: count bytes
+  if (U_FAILURE(status) != 0) return walkAscii(text, visit);  // no Unicode data: count bytes
   boundaries->setText(source.get(), status);
-
-  ClusterSpan span;
-  while (span.clusters < limit) {
-    const std::int32_t boundary = boundaries->next();
-    if (boundary == icu::BreakIterator::DONE) break;
-    span.bytes = static_cast<std::size_t>(boundary);
-    ++span.clusters;
+  for (std::int32_t end = boundaries->next(); end != icu::BreakIterator::DONE;
+       end = boundaries->next()) {
+    if (!visit(static_cast<std::size_t>(end))) return;
   }
-  return span;
+}
+
+icu::UnicodeString utf16(std::string_view text) {
+  return icu::UnicodeString::fromUTF8(
+      icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+}
+
+// Whether marks behind this character are diacritics that can be taken off it.
+bool takesDiacritics(UChar32 base) {
+  return uscript_hasScript(base, USCRIPT_LATIN) != 0 ||
+         uscript_hasScript(base, USCRIPT_GREEK) != 0 ||
+         uscript_hasScript(base, USCRIPT_CYRILLIC) != 0;
 }
 
 }  // namespace
 
-std::size_t countClusters(std::string_view text) { return walk(text, NO_LIMIT).clusters; }
+std::size_t countClusters(std::string_view text) {
+  std::size_t clusters = 0;
+  walk(text, [&clusters](std::size_t /*end*/) {
+    ++clusters;
+    return true;
+  });
+  return clusters;
+}
 
 std::string_view firstClusters(std::string_view text, std::size_t limit) {
-  return text.substr(0, walk(text, limit).bytes);
+  std::size_t clusters = 0;
+  std::size_t bytes = 0;
+  if (limit == 0) return {};
+  walk(text, [&](std::size_t end) {
+    bytes = end;
+    return ++clusters < limit;
+  });
+  return text.substr(0, bytes);
+}
+
+void forEachCluster(std::string_view text, const std::function<void(std::string_view)>& visit) {
+  std::size_t start = 0;
+  walk(text, [&](std::size_t end) {
+    visit(text.substr(start, end - start));
+    start = end;
+    return true;
+  });
 }
 
 std::string canonicalForm(std::string_view text) {
@@ -75,6 +102,43 @@ std::string canonicalForm(std::string_view text) {
   composer->normalizeUTF8(0, piece, sink, nullptr, status);
   if (U_FAILURE(status) != 0) form.assign(text);
   return form;
+}
+
+std::string lowerCase(std::string_view text) {
+  std::string lower;
+  return utf16(text).toLower(icu::Locale::getRoot()).toUTF8String(lower);
+}
+
+std::string foldDiacritics(std::string_view text) {
+  std::string folded;
+  if (isAscii(text)) return folded.assign(text);
+
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* decomposer = icu::Normalizer2::getNFDInstance(status);
+  const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
+  if (U_FAILURE(status) != 0) return folded.assign(text);
+
+  const icu::UnicodeString decomposed = decomposer->normalize(utf16(text), status);
+  icu::UnicodeString bare;
+  bool isBehindLetter = false;
+  for (std::int32_t at = 0; at < decomposed.length(); at = decomposed.moveIndex32(at, 1)) {
+    const UChar32 character = decomposed.char32At(at);
+    const bool isMark = u_charType(character) == U_NON_SPACING_MARK;
+    if (!isMark) isBehindLetter = takesDiacritics(character);
+    if (!isMark || !isBehindLetter) bare.append(character);
+  }
+  const icu::UnicodeString composed = composer->normalize(bare, status);
+  if (U_FAILURE(status) != 0) return folded.assign(text);
+  return composed.toUTF8String(folded);
+}
+
+bool isLetterOrNumber(std::string_view cluster) {
+  if (cluster.empty()) return false;
+  const auto* units = reinterpret_cast<const std::uint8_t*>(cluster.data());
+  UChar32 first = 0;
+  U8_GET(units, 0, 0, cluster.size(), first);
+  return first >= 0 && (u_isUAlphabetic(first) != 0 ||
+                        u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
 }
 
 }  // namespace norvast

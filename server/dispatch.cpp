@@ -31,7 +31,8 @@ Json initializeResult() {
 
 Json toolsCallResult(const Json::Object& message, const ProcessValues& values) {
   const Json::Object& params = objectOrEmpty(message, "params");
-  return callTool(Arguments(params).str("name"), objectOrEmpty(params, "arguments"), values.store);
+  return callTool(Arguments(params).str("name"), objectOrEmpty(params, "arguments"), values.store,
+                  values.sentence);
 }
 
 }  // namespace

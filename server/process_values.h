@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "platform/sentence_embedding.h"
 #include "server/catalogue.h"
 #include "store/mcp_store.h"
 
@@ -14,6 +15,7 @@ inline constexpr const char* PROTOCOL_VERSION = "2024-11-05";
 struct ProcessValues {
   // Nothing when there is no index database; one that is created later is seen after a restart.
   std::optional<MCPStore> store = MCPStore::open();
+  std::optional<SentenceEmbedding> sentence = SentenceEmbedding::english();
   Catalogue catalogue = buildCatalogue();
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/json.h"
+#include "platform/sentence_embedding.h"
 #include "store/mcp_store.h"
 
 namespace norvast {
@@ -13,6 +14,7 @@ namespace norvast {
 // off, no index, unknown tool) is an error that leaves no audit row. Names match whole and
 // case-sensitively, whether or not the catalogue offers the tool at the moment.
 Json callTool(const std::string& name, const Json::Object& arguments,
-              const std::optional<MCPStore>& store);
+              const std::optional<MCPStore>& store,
+              const std::optional<SentenceEmbedding>& sentence);
 
 }  // namespace norvast

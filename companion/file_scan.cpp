@@ -1,0 +1,108 @@
+#include "companion/file_scan.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+#include "access/sensitive_path.h"
+#include "platform/utf8.h"
+
+namespace norvast {
+namespace {
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { (void)closedir(folder); }
+};
+
+bool isUsable(std::string_view name) {
+  return name.find_first_of("\n\r") == std::string_view::npos &&
+         validUtf8Length(name) == name.size();
+}
+
+ScannedFile describe(std::string path, const struct stat& status) {
+  return {std::move(path), status.st_size, status.st_mtim.tv_sec};
+}
+
+class Scan {
+ public:
+  explicit Scan(const std::function<void(const ScannedFile&)>& visit) : visit_(visit) {}
+
+  void run(const std::string& root) {
+    struct stat status {};
+    if (isSensitive(root) || lstat(root.c_str(), &status) != 0) return;
+    if (S_ISREG(status.st_mode)) visit_(describe(root, status));
+    if (S_ISDIR(status.st_mode)) waiting_.push_back(root);
+    while (!waiting_.empty()) {
+      const std::string folder = std::move(waiting_.back());
+      waiting_.pop_back();
+      scanFolder(folder);
+    }
+  }
+
+  ScanReport report;
+
+ private:
+  void scanFolder(const std::string& path) {
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
+    if (!folder) {
+      report.unreadableFolders.push_back(path);
+      return;
+    }
+    while (const dirent* entry = readdir(folder.get())) {
+      scanEntry(path, dirfd(folder.get()), *entry);
+    }
+  }
+
+  void scanEntry(const std::string& parent, int folder, const dirent& entry) {
+    const std::string_view name = entry.d_name;
+    if (name.starts_with('.')) return;
+    if (entry.d_type != DT_REG && entry.d_type != DT_DIR && entry.d_type != DT_UNKNOWN) return;
+    std::string path = parent == "/" ? parent : parent + "/";
+    path += name;
+    if (isSensitive(path)) return;
+    if (!isUsable(name)) {
+      ++report.unusableNames;
+      return;
+    }
+    if (entry.d_type == DT_DIR) {
+      waiting_.push_back(std::move(path));
+      return;
+    }
+    struct stat status {};
+    if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return;  // gone again
+    if (S_ISREG(status.st_mode)) visit_(describe(std::move(path), status));
+    if (S_ISDIR(status.st_mode)) waiting_.push_back(std::move(path));
+  }
+
+  const std::function<void(const ScannedFile&)>& visit_;
+  std::vector<std::string> waiting_;  // folders still to be scanned
+};
+
+}  // namespace
+
+ScanReport scanFiles(const std::string& root,
+                     const std::function<void(const ScannedFile&)>& visit) {
+  Scan scan(visit);
+  scan.run(root);
+  return std::move(scan.report);
+}
+
+std::string_view fileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
+std::string fileExtension(std::string_view path) {
+  const std::string_view name = fileName(path);
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos || dot == 0 || dot + 1 == name.size()) return {};
+  std::string extension(name.substr(dot + 1));
+  std::transform(extension.begin(), extension.end(), extension.begin(), [](char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
+                                                : character;
+  });
+  return extension;
+}
+
+}  // namespace norvast

@@ -1,0 +1,37 @@
+// File scan: the files below a path that may be indexed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace norvast {
+
+// A regular file as it was when the scan met it.
+struct ScannedFile {
+  std::string path;  // absolute, UTF-8
+  std::int64_t sizeBytes = 0;
+  std::int64_t modified = 0;  // whole seconds since 1970-01-01 00:00:00 UTC
+};
+
+// What a scan passed over for a reason that the user should hear of.
+struct ScanReport {
+  std::vector<std::string> unreadableFolders;
+  std::uint64_t unusableNames = 0;  // with a line break or bytes that are not UTF-8
+};
+
+// Calls `visit` with every regular file at any depth below the folder `root`, or with `root` itself
+// when it is a file, in no particular order. Symbolic links are not followed; hidden names (with a
+// leading dot) and sensitive paths are left out with all that is below them. `root` is absolute and
+// free of links; it is taken even when its own name is hidden.
+ScanReport scanFiles(const std::string& root, const std::function<void(const ScannedFile&)>& visit);
+
+// The name behind the last solidus of a path.
+std::string_view fileName(std::string_view path);
+
+// The lower-case extension: what is behind the last dot of the name, without the dot. Empty for a
+// name without one, or whose only dot is the first or the last character.
+std::string fileExtension(std::string_view path);
+
+}  // namespace norvast

@@ -1,0 +1,36 @@
+// Index database: creating and opening the index for writing, and recognising one that is ours.
+#pragma once
+
+#include <string>
+#include <variant>
+
+#include "store/connection.h"
+
+namespace norvast {
+
+// Marks the database as made by this program ("Norv" in ASCII), and the version of its tables.
+inline constexpr int INDEX_APPLICATION_ID = 0x4E6F7276;
+inline constexpr int INDEX_VERSION = 1;
+
+// The index of this user, open for writing; it and its folder are created when they are missing,
+// for the user's eyes only. In write-ahead mode, so that a running server goes on reading. Or, in
+// one sentence for the user, why it cannot be used: it is then left untouched.
+std::variant<Connection, std::string> openIndex();
+
+// Collects statements of one transaction, which is rolled back unless it is committed.
+class Transaction {
+ public:
+  explicit Transaction(const Connection& connection);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  // False when the transaction could not begin or be committed; nothing of it was then kept.
+  bool commit();
+
+ private:
+  const Connection& connection_;
+  bool isOpen_;
+};
+
+}  // namespace norvast

@@ -1,0 +1,102 @@
+#include "platform/embedding_features.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace norvast {
+namespace {
+
+constexpr double GRAMS_WEIGHT = 1.3;
+constexpr std::size_t FEWEST_CHARACTERS_WITH_GRAMS = 3;
+constexpr int DRAWS = 4;
+
+// Fowler, Noll and Vo, FNV-1a with 64 bits.
+std::uint64_t fnv1a(std::uint64_t hash, std::string_view bytes) {
+  for (const char byte : bytes) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+  }
+  return hash;
+}
+
+// Austin Appleby, MurmurHash3, fmix64.
+std::uint64_t finalise(std::uint64_t hash) {
+  hash = (hash ^ (hash >> 33)) * 0xFF51AFD7ED558CCDU;
+  hash = (hash ^ (hash >> 33)) * 0xC4CEB9FE1A85EC53U;
+  return hash ^ (hash >> 33);
+}
+
+// Sebastiano Vigna, SplitMix64.
+std::uint64_t draw(std::uint64_t& state) {
+  state += 0x9E3779B97F4A7C15U;
+  std::uint64_t mixed = state;
+  mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9U;
+  mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;
+  return mixed ^ (mixed >> 31);
+}
+
+void addFeature(std::string_view kind, std::string_view bytes, double weight,
+                std::span<double> sum) {
+  constexpr std::uint64_t FNV_OFFSET = 0xCBF29CE484222325U;
+  std::uint64_t state = finalise(fnv1a(fnv1a(FNV_OFFSET, kind), bytes));
+  for (int count = 0; count < DRAWS; ++count) {
+    const std::uint64_t drawn = draw(state);
+    const double share = weight / 2;
+    sum[drawn % sum.size()] += (drawn >> 63) != 0 ? -share : share;
+  }
+}
+
+// Where the characters of a UTF-8 text begin, and its end.
+std::vector<std::size_t> characterStarts(std::string_view text) {
+  std::vector<std::size_t> starts;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80) starts.push_back(at);
+  }
+  starts.push_back(text.size());
+  return starts;
+}
+
+struct Gram {
+  std::string_view bytes;
+  double count;
+};
+
+// The distinct grams of a word between its marks, ascending, and how often each occurs.
+std::vector<Gram> gramsOf(std::string_view marked, const std::vector<std::size_t>& starts) {
+  std::vector<std::string_view> all;
+  for (const std::size_t length : {3, 4}) {
+    for (std::size_t first = 0; first + length < starts.size(); ++first) {
+      all.push_back(marked.substr(starts[first], starts[first + length] - starts[first]));
+    }
+  }
+  std::sort(all.begin(), all.end());
+  std::vector<Gram> grams;
+  for (const std::string_view gram : all) {
+    if (grams.empty() || grams.back().bytes != gram) grams.push_back({gram, 0});
+    grams.back().count += 1;
+  }
+  return grams;
+}
+
+}  // namespace
+
+void addFeatures(std::string_view word, std::string_view stem, double weight,
+                 std::span<double> sum) {
+  addFeature("s:", stem, weight, sum);
+
+  const std::string marked = "<" + std::string(word) + ">";
+  const std::vector<std::size_t> starts = characterStarts(marked);
+  const std::size_t characters = starts.size() - 3;  // without the marks and the end
+  if (characters < FEWEST_CHARACTERS_WITH_GRAMS) return;
+
+  const std::vector<Gram> grams = gramsOf(marked, starts);
+  double squares = 0;
+  for (const Gram& gram : grams) squares += gram.count * gram.count;
+  const double share = GRAMS_WEIGHT * weight / std::sqrt(squares);
+  for (const Gram& gram : grams) addFeature("g:", gram.bytes, gram.count * share, sum);
+}
+
+}  // namespace norvast

@@ -1,0 +1,49 @@
+// Sentence embedding: one vector for a text, near the vectors of texts of like content.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace norvast {
+
+class EnglishStemmer;
+
+inline constexpr std::size_t EMBEDDING_DIMENSIONS = 512;
+
+// Names the scheme that is written down below. Vectors of two schemes must never be compared:
+// whatever changes a single number of a vector changes this name.
+inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-1";
+
+// The English model. It needs no weights: a text is the sum of hashed features of its words, so
+// that texts meet through common words, stems, and pieces of words (names, numbers, identifiers,
+// typing errors). It is blind to paraphrase without a common word.
+//
+// The same text gives the same bits on every machine and build:
+//   1. The text is decomposed (NFKD), its combining marks are dropped, the rest is recomposed
+//   (NFC).
+//   2. Words are cut from it and counted, function words weigh little (embedding_words.h).
+//   3. In ascending byte order of the words, each adds its features (embedding_features.h).
+//   4. The sum is scaled to length 1.
+class SentenceEmbedding {
+ public:
+  // Nothing when the stemmer has no English.
+  static std::optional<SentenceEmbedding> english();
+
+  // EMBEDDING_DIMENSIONS numbers of length 1, in time linear in the text, which may be any bytes.
+  // Nothing for a text without a letter or digit.
+  std::optional<std::vector<double>> vector(std::string_view text) const;
+
+  SentenceEmbedding(SentenceEmbedding&&) noexcept;
+  SentenceEmbedding& operator=(SentenceEmbedding&&) noexcept;
+  ~SentenceEmbedding();
+
+ private:
+  explicit SentenceEmbedding(std::unique_ptr<EnglishStemmer> stemmer);
+
+  std::unique_ptr<EnglishStemmer> stemmer_;
+};
+
+}  // namespace norvast

@@ -1,0 +1,20 @@
+// Library answer tool: what of the whole library may answer a question, while the user allows it.
+#pragma once
+
+#include <optional>
+
+#include "platform/json.h"
+#include "platform/sentence_embedding.h"
+#include "store/mcp_store.h"
+#include "tools/arguments.h"
+
+namespace norvast {
+
+// "question", "limit" (8; brought into 1..30): files with their summaries, those that the terms of
+// the question find by name, tag or summary first, those nearest to it in meaning in the places
+// that are left. Never content. Refused without an audit row while whole-library access is off, and
+// when nothing is found.
+Json askNorvastTool(const Arguments& args, const MCPStore& store,
+                    const std::optional<SentenceEmbedding>& sentence);
+
+}  // namespace norvast

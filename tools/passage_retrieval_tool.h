@@ -1,0 +1,18 @@
+// Passage retrieval tool: the passages that answer a query best, each with its citation.
+#pragma once
+
+#include <optional>
+
+#include "platform/json.h"
+#include "platform/sentence_embedding.h"
+#include "store/mcp_store.h"
+#include "tools/arguments.h"
+
+namespace norvast {
+
+// "query", "limit" (8; brought into 1..50): passages of nominated files whose content may be read,
+// best first. Refused, with an audit row, when the query has no vector.
+Json retrievePassagesTool(const Arguments& args, const MCPStore& store,
+                          const std::optional<SentenceEmbedding>& sentence);
+
+}  // namespace norvast

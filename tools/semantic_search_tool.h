@@ -1,0 +1,19 @@
+// Semantic search tool: nominated files by meaning.
+#pragma once
+
+#include <optional>
+
+#include "platform/json.h"
+#include "platform/sentence_embedding.h"
+#include "store/mcp_store.h"
+#include "tools/arguments.h"
+
+namespace norvast {
+
+// "query", "limit" (10; below 0 counts as 0, no upper bound): the nominated files whose vectors are
+// most similar to the query's, best first, with their summaries. Refused, with an audit row, when
+// the query has no vector.
+Json semanticSearchTool(const Arguments& args, const MCPStore& store,
+                        const std::optional<SentenceEmbedding>& sentence);
+
+}  // namespace norvast
