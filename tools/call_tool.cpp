@@ -5,6 +5,7 @@
 
 #include "access/switch_files.h"
 #include "tools/arguments.h"
+#include "tools/content_tool.h"
 #include "tools/library_answer_tool.h"
 #include "tools/library_search_tool.h"
 #include "tools/listing_tools.h"
@@ -34,6 +35,7 @@ constexpr Tool TABLE[] = {
     {"get_summary", getSummaryTool},
     {"list_tags", listTagsTool},
     {"traverse_package", traversePackageTool},
+    {"read_file_content", readFileContentTool},
     {"search_library", searchLibraryTool},
     {"ask_norvast", askNorvastTool},
 };

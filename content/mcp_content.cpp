@@ -1,0 +1,46 @@
+#include "content/mcp_content.h"
+
+#include <algorithm>
+
+#include "content/isolated_extraction.h"
+#include "content/path_extension.h"
+#include "content/utf8_file.h"
+#include "platform/regular_file.h"
+
+namespace norvast {
+namespace {
+
+std::optional<std::string> pdf(const std::string& path, std::size_t limitClusters) {
+  const auto file = openRegularFile(path);
+  return file ? isolatedPdfText(*file, limitClusters) : std::nullopt;
+}
+
+std::optional<std::string> utf8(const std::string& path, std::size_t limitBytes) {
+  const auto file = openRegularFile(path);
+  return file ? leadingUtf8(*file, limitBytes) : std::nullopt;
+}
+
+std::optional<ExtractedText> labelled(std::optional<std::string> text, std::string_view method) {
+  if (!text) return std::nullopt;
+  return ExtractedText{std::move(*text), method};
+}
+
+}  // namespace
+
+std::optional<ExtractedText> MCPContent::extract(const std::string& path, std::int64_t maxChars) {
+  if (maxChars < 1) return std::nullopt;
+  const auto limit = static_cast<std::size_t>(maxChars);
+  const std::string extension = pathExtension(path);
+  if (extension == "pdf") return labelled(pdf(path, limit), "PDFKit");
+  if (std::find(imageExts.begin(), imageExts.end(), extension) != imageExts.end()) {
+    return labelled(ocr(path, limit), "Vision OCR");
+  }
+  return labelled(utf8(path, limit), "text");
+}
+
+std::optional<std::string> MCPContent::ocr(const std::string& path, std::size_t limitClusters) {
+  const auto file = openRegularFile(path);
+  return file ? isolatedImageText(*file, limitClusters) : std::nullopt;
+}
+
+}  // namespace norvast

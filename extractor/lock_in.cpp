@@ -1,0 +1,31 @@
+#include "extractor/lock_in.h"
+
+#include "platform/file_confinement.h"
+#include "platform/process_limits.h"
+#include "platform/system_call_filter.h"
+
+namespace norvast {
+namespace {
+
+// A page of 45 megapixels needs less than 512 MB with its recognition; an image bomb of 60,000 x
+// 60,000 pixels of one bit would need 884 MB.
+#ifdef NORVAST_SANITIZED
+constexpr std::uint64_t ADDRESS_SPACE_BYTES = 0;  // shadow memory takes terabytes of it
+#else
+constexpr std::uint64_t ADDRESS_SPACE_BYTES = std::uint64_t{768} << 20;
+#endif
+
+// Less than the wall-clock deadline of who waits for us.
+constexpr std::uint64_t CPU_SECONDS = 25;
+
+}  // namespace
+
+bool limitExtractor(const Descriptor& output) {
+  return limitProcess({ADDRESS_SPACE_BYTES, CPU_SECONDS}) && dieWithParent(output);
+}
+
+bool lockIn(std::span<const std::string> readableFolders) {
+  return forgoNewPrivileges() && confineFiles(readableFolders) && filterSystemCalls();
+}
+
+}  // namespace norvast

@@ -1,0 +1,27 @@
+// PDF text: what a PDF document says, page by page in reading order.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace norvast {
+
+// Loads what pdfText needs of the system's files at every document, for a process that gives up
+// opening files. What it may need besides, for the odd document, lies in PDF_DATA_FOLDERS.
+void preparePdfText();
+
+// Character maps of Asian fonts; fonts and their configuration, in place of missing ones.
+inline constexpr std::string_view PDF_DATA_FOLDERS[] = {
+    "/usr/share/poppler",    "/usr/share/fonts", "/usr/local/share/fonts",
+    "/usr/share/fontconfig", "/etc/fonts",       "/var/cache/fontconfig",
+};
+
+// The text of the document in `bytes` as UTF-8, pages in their order with an empty line between
+// them, those without text left out: whole, or at least its first `limitClusters` user-perceived
+// characters and exactly them when it is longer. No page is looked at once that much is known.
+// Nothing when the document is broken, asks for a password, or has no text. Writes no message.
+std::optional<std::string> pdfText(std::string_view bytes, std::size_t limitClusters);
+
+}  // namespace norvast

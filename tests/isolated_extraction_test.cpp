@@ -1,0 +1,48 @@
+// Files that change between being opened and being read.
+#include "content/isolated_extraction.h"
+
+#include <gtest/gtest.h>
+#include <leptonica/allheaders.h>
+
+#include <filesystem>
+
+#include "content/utf8_file.h"
+#include "tests/pdf_builder.h"
+#include "tests/picture.h"
+#include "tests/test_home.h"
+
+namespace norvast {
+namespace {
+
+TEST(ChangingFile, IsReadAsItIsWhenItIsGone) {
+  const TestHome home;
+  const auto path = home.path() / "file";
+  home.writeFile(path, pdfOfPages({{"A page"}}));
+  const auto pdf = openRegularFile(path);
+  std::filesystem::remove(path);
+  EXPECT_EQ(isolatedPdfText(*pdf, 100), "A page");
+
+  home.writeFile(path, encoded(drawnText({"The harbour"}), IFF_PNG));
+  const auto image = openRegularFile(path);
+  std::filesystem::remove(path);
+  EXPECT_EQ(isolatedImageText(*image, 100), "The harbour");
+}
+
+TEST(ChangingFile, GivesNothingOfWhatItLost) {
+  const TestHome home;
+  const auto path = home.path() / "file";
+  for (const std::uintmax_t left : {0, 40}) {
+    home.writeFile(path, pdfOfPages({{"A page"}}));
+    const auto file = openRegularFile(path);
+    std::filesystem::resize_file(path, left);
+    EXPECT_EQ(isolatedPdfText(*file, 100), std::nullopt) << left;
+    EXPECT_EQ(isolatedImageText(*file, 100), std::nullopt) << left;
+  }
+  home.writeFile(path, "häuser");
+  const auto text = openRegularFile(path);
+  std::filesystem::resize_file(path, 2);
+  EXPECT_EQ(leadingUtf8(*text, 3), std::nullopt);  // half a character that no limit cut
+}
+
+}  // namespace
+}  // namespace norvast

@@ -1,0 +1,136 @@
+// PDF text: order, separation, the cut, and documents that give none.
+#include "platform/pdf_text.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "content/isolated_extraction.h"
+#include "platform/unicode.h"
+#include "tests/file_bytes.h"
+#include "tests/pdf_builder.h"
+#include "tests/test_home.h"
+
+namespace norvast {
+namespace {
+
+const std::string PAGES_OBJECT = "<< /Type /Pages /Kids [3 0 R] /Count 1 >>";
+
+// Japanese in a font that is not embedded: its characters are known from a map among the system's
+// files.
+std::string japanesePdf() {
+  return pdfOfObjects(
+      {"<< /Type /Catalog /Pages 2 0 R >>", PAGES_OBJECT,
+       "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] "
+       "/Resources << /Font << /F1 5 0 R >> >> /Contents 4 0 R >>",
+       pdfStream("", "BT /F1 14 Tf 72 700 Td <93FA967B8CEA> Tj ET"),
+       "<< /Type /Font /Subtype /Type0 /BaseFont /HeiseiMin-W3 /Encoding /90ms-RKSJ-H "
+       "/DescendantFonts [6 0 R] >>",
+       "<< /Type /Font /Subtype /CIDFontType0 /BaseFont /HeiseiMin-W3 /DW 1000 /CIDSystemInfo "
+       "<< /Registry (Adobe) /Ordering (Japan1) /Supplement 2 >> /FontDescriptor 7 0 R >>",
+       "<< /Type /FontDescriptor /FontName /HeiseiMin-W3 /Flags 4 /FontBBox [0 -200 1000 800] "
+       "/ItalicAngle 0 /Ascent 800 /Descent -200 /CapHeight 700 /StemV 80 >>"});
+}
+
+// A page tree whose only node is its own child, over and over.
+std::string loopingPdf() {
+  return pdfOfObjects({"<< /Type /Catalog /Pages 2 0 R >>",
+                       "<< /Type /Pages /Parent 3 0 R /Kids [3 0 R 2 0 R] /Count 4 >>",
+                       "<< /Type /Pages /Parent 2 0 R /Kids [2 0 R 3 0 R] /Count 4 >>"});
+}
+
+std::string manyPages(int count) {
+  std::vector<std::vector<std::string>> pages;
+  for (int number = 1; number <= count; ++number) {
+    pages.push_back({"Page " + std::to_string(number)});
+  }
+  return pdfOfPages(pages);
+}
+
+TEST(PdfText, IsThePagesInOrder) {
+  const struct {
+    const char* name;
+    std::string document;
+    const char* text;  // empty: nothing
+  } rows[] = {
+      {"lines", pdfOfPages({{"First line", "Second line"}}), "First line\nSecond line"},
+      {"pages", manyPages(3), "Page 1\n\nPage 2\n\nPage 3"},
+      {"pages without text", pdfOfPages({{"One"}, {}, {"  "}, {"Four"}}), "One\n\nFour"},
+      {"accents", pdfOfContent("BT /F1 11 Tf 72 700 Td (Z\\374rich \\200 5) Tj ET"), "Zürich € 5"},
+      // Columns are read one after the other, whatever the order in the file and beside each other.
+      {"columns",
+       pdfOfContent("BT /F1 11 Tf 14 TL 320 700 Td (right one) Tj T* (right two) Tj T* "
+                    "(right three) Tj ET BT /F1 11 Tf 14 TL 72 700 Td (left one) Tj T* (left two) "
+                    "Tj T* (left three) Tj ET"),
+       "left one\nleft two\nleft three\n\nright one\nright two\nright three"},
+      {"opens without a password", fileBytes(TEST_DATA "/opens-without-password.pdf"),
+       "Kept behind a password"},
+      {"needs a password", fileBytes(TEST_DATA "/needs-password.pdf"), ""},
+      {"no text", pdfOfPages({{}, {}}), ""},
+      {"no pages", pdfOfPages({}), ""},
+      {"page tree with a loop", loopingPdf(), ""},
+      {"two thousand million pages",
+       pdfOfObjects(
+           {"<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [] /Count 2000000000 >>"}),
+       ""},
+      {"no document", "%PDF-1.4 and nothing else", ""},
+      {"nothing", "", ""},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(pdfText(row.document, 60'000).value_or(""), row.text) << row.name;
+  }
+}
+
+TEST(PdfText, IsCutAtUserPerceivedCharacters) {
+  const std::string document = manyPages(3);
+  const struct {
+    std::size_t limit;
+    const char* text;
+  } rows[] = {
+      {1, "P"},
+      {6, "Page 1"},
+      {7, "Page 1\n"},
+      {8, "Page 1\n\n"},
+      {9, "Page 1\n\nP"},
+      {22, "Page 1\n\nPage 2\n\nPage 3"},
+      {21, "Page 1\n\nPage 2\n\nPage "},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(pdfText(document, row.limit), row.text) << row.limit;
+  }
+  // The combining accent stays with its letter: ToUnicode makes every A "e" and U+0301.
+  const std::string accented = pdfOfObjects(
+      {"<< /Type /Catalog /Pages 2 0 R >>", PAGES_OBJECT,
+       "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] "
+       "/Resources << /Font << /F1 5 0 R >> >> /Contents 4 0 R >>",
+       pdfStream("", "BT /F1 14 Tf 72 700 Td (AAA) Tj ET"),
+       "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica /ToUnicode 6 0 R >>",
+       pdfStream("",
+                 "/CIDInit /ProcSet findresource begin begincmap 1 begincodespacerange <00> "
+                 "<FF> endcodespacerange 1 beginbfchar <41> <00650301> endbfchar endcmap end")});
+  EXPECT_EQ(pdfText(accented, 2), "e\u0301e\u0301");
+}
+
+// Whatever the decoder needs of the system's files, the lock leaves it; a text that is silently
+// missing would show here.
+TEST(PdfText, IsTheSameFromALockedProgram) {
+  const std::string documents[] = {
+      manyPages(30),
+      pdfOfContent("BT /F1 11 Tf 72 700 Td (Z\\374rich \\200 5) Tj ET"),
+      japanesePdf(),
+      fileBytes(SAMPLES "/projects/greenhouse/Order confirmation.pdf"),
+  };
+  const TestHome home;
+  for (const std::string& document : documents) {
+    home.writeFile(home.path() / "file.pdf", document);
+    const auto file = openRegularFile(home.path() / "file.pdf");
+    ASSERT_TRUE(file);
+    const auto unlocked = pdfText(document, 60'000);
+    EXPECT_EQ(isolatedPdfText(*file, 60'000), unlocked) << document.substr(0, 200);
+    EXPECT_EQ(isolatedPdfText(*file, 3),
+              unlocked ? std::optional(std::string(firstClusters(*unlocked, 3))) : std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace norvast

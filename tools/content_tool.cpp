@@ -1,0 +1,53 @@
+#include "tools/content_tool.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "access/audit_trail.h"
+#include "access/sensitive_path.h"
+#include "content/mcp_content.h"
+#include "platform/unicode.h"
+#include "store/nominated_files.h"
+#include "tools/tool_result.h"
+
+namespace norvast {
+namespace {
+
+constexpr std::int64_t MOST_CHARACTERS = 60'000;  // bytes, for plain text
+
+std::string successResult(const ExtractedText& content) {
+  return std::string("ok")
+      .append(AUDIT_SEPARATOR)
+      .append(content.method)
+      .append(AUDIT_SEPARATOR)
+      .append(std::to_string(countClusters(content.text)))
+      .append(" chars");
+}
+
+}  // namespace
+
+Json readFileContentTool(const Arguments& args, const MCPStore& store) {
+  const std::string path = args.str("path");
+  if (isSensitive(path)) {
+    audit(store, {"read", path, "denied · sensitive path", Severity::deny});
+    return textResult("Denied: sensitive path.", IsError::yes);
+  }
+  if (!isNominated(store, path)) {
+    audit(store, {"read", path, "denied · not allowlisted", Severity::warn});
+    return textResult("Denied: not nominated.", IsError::yes);
+  }
+  if (!isContentAllowed(store, path)) {
+    audit(store, {"read", path, "denied · content reads off", Severity::warn});
+    return textResult("Denied: content reads are off for this file (metadata only).", IsError::yes);
+  }
+  auto content = MCPContent::extract(path, MOST_CHARACTERS);
+  if (!content) {
+    audit(store, {"read", path, "no extractor", Severity::warn});
+    return textResult("No on-device text could be extracted from this file type.", IsError::yes);
+  }
+  audit(store, {"read", path, successResult(*content), Severity::ok});
+  return textResult(std::move(content->text), IsError::no);
+}
+
+}  // namespace norvast
