@@ -136,7 +136,7 @@ bool isLetterOrNumber(std::string_view cluster) {
   if (cluster.empty()) return false;
   const auto* units = reinterpret_cast<const std::uint8_t*>(cluster.data());
   UChar32 first = 0;
-  U8_GET(units, 0, 0, cluster.size(), first);
+  U8_GET(units, 0, 0, static_cast<std::int32_t>(cluster.size()), first);
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
 }
