@@ -31,12 +31,12 @@ constexpr const char* SENSITIVE = "Denied: sensitive path.";
 
 // A sanitizer makes every program slower and keeps freed memory for a while.
 #ifdef NORVAST_SANITIZED
-constexpr int DAMAGED_PDFS = 60;
-constexpr int DAMAGED_IMAGES = 30;
+constexpr std::size_t DAMAGED_PDFS = 60;
+constexpr std::size_t DAMAGED_IMAGES = 30;
 constexpr long MOST_GROWTH_KILOBYTES = 300'000;
 #else
-constexpr int DAMAGED_PDFS = 240;
-constexpr int DAMAGED_IMAGES = 120;
+constexpr std::size_t DAMAGED_PDFS = 240;
+constexpr std::size_t DAMAGED_IMAGES = 120;
 constexpr long MOST_GROWTH_KILOBYTES = 512;
 #endif
 
@@ -222,10 +222,10 @@ TEST_F(ReadFileContent, OutlivesDamagedFiles) {
   ASSERT_EQ(texts, 2);
   const long residentBefore = residentKilobytes(server.pid());
   const auto descriptorsBefore = openDescriptors(server.pid());
-  for (int variant = 0; variant < DAMAGED_PDFS; ++variant) {
+  for (std::size_t variant = 0; variant < DAMAGED_PDFS; ++variant) {
     check(pdf, damaged(pdfs[variant % std::size(pdfs)], random));
   }
-  for (int variant = 0; variant < DAMAGED_IMAGES; ++variant) {
+  for (std::size_t variant = 0; variant < DAMAGED_IMAGES; ++variant) {
     check(image, damaged(images[variant % std::size(images)], random));
   }
   EXPECT_GT(texts, 20);  // damage of all degrees
