@@ -40,6 +40,7 @@ TEST(ChildProcess, GivesWhatAGoodProgramWrote) {
       {"head -c 100000 /dev/zero | tr '\\0' x", std::string(100'000, 'x')},
       {"printf %s \"$COLOUR$HOME\"", "blue"},
       {"printf error >&2; printf text", "text"},
+      {"printf text; exec >&-; sleep 0.2", "text"},  // ends long after its output does
       {"printf text; exit 1", std::nullopt},
       {"printf text; kill -9 $$", std::nullopt},
       {"head -c 100001 /dev/zero", std::nullopt},
