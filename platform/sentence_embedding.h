@@ -9,7 +9,7 @@
 
 namespace norvast {
 
-class EnglishStemmer;
+class WordFeatureCache;
 
 inline constexpr std::size_t EMBEDDING_DIMENSIONS = 512;
 
@@ -41,9 +41,9 @@ class SentenceEmbedding {
   ~SentenceEmbedding();
 
  private:
-  explicit SentenceEmbedding(std::unique_ptr<EnglishStemmer> stemmer);
+  explicit SentenceEmbedding(std::unique_ptr<WordFeatureCache> features);
 
-  std::unique_ptr<EnglishStemmer> stemmer_;
+  std::unique_ptr<WordFeatureCache> features_;
 };
 
 }  // namespace norvast
