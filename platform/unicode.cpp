@@ -59,6 +59,15 @@ bool takesDiacritics(UChar32 base) {
          uscript_hasScript(base, USCRIPT_CYRILLIC) != 0;
 }
 
+// Below 0 when there is none, or it is not valid UTF-8.
+UChar32 firstScalar(std::string_view text) {
+  if (text.empty()) return U_SENTINEL;
+  const auto* units = reinterpret_cast<const std::uint8_t*>(text.data());
+  UChar32 first = 0;
+  U8_GET(units, 0, 0, text.size(), first);
+  return first;
+}
+
 }  // namespace
 
 std::size_t countClusters(std::string_view text) {
@@ -133,12 +142,16 @@ std::string foldDiacritics(std::string_view text) {
 }
 
 bool isLetterOrNumber(std::string_view cluster) {
-  if (cluster.empty()) return false;
-  const auto* units = reinterpret_cast<const std::uint8_t*>(cluster.data());
-  UChar32 first = 0;
-  U8_GET(units, 0, 0, cluster.size(), first);
+  const UChar32 first = firstScalar(cluster);
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
+}
+
+LetterCase letterCaseOf(std::string_view cluster) {
+  const UChar32 first = firstScalar(cluster);
+  if (first < 0) return LetterCase::none;
+  if (u_isupper(first) != 0) return LetterCase::capital;
+  return u_islower(first) != 0 ? LetterCase::small : LetterCase::none;
 }
 
 }  // namespace norvast
