@@ -6,7 +6,9 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <memory>
 #include <type_traits>
 
@@ -48,49 +50,52 @@ constexpr int ALLOWED[] = {
 };
 // clang-format on
 
+// Conditions on the argument of that number, counted from 0.
+scmp_arg_cmp equal(unsigned int argument, scmp_datum_t value) {
+  return {argument, SCMP_CMP_EQ, value, 0};
+}
+scmp_arg_cmp maskedEqual(unsigned int argument, scmp_datum_t mask, scmp_datum_t value) {
+  return {argument, SCMP_CMP_MASKED_EQ, mask, value};
+}
+
 bool allow(const Filter& filter, int call) {
   return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, call, 0) == 0;
 }
 
+bool allowWhere(const Filter& filter, int call, const scmp_arg_cmp& condition) {
+  return seccomp_rule_add_array(filter.get(), SCMP_ACT_ALLOW, call, 1, &condition) == 0;
+}
+
 bool allowOpeningForReading(const Filter& filter) {
   constexpr scmp_datum_t WRITING = O_ACCMODE | O_CREAT | O_TRUNC;
-  return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(openat), 1,
-                          SCMP_A2(SCMP_CMP_MASKED_EQ, WRITING, O_RDONLY)) == 0 &&
-         seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(open), 1,
-                          SCMP_A1(SCMP_CMP_MASKED_EQ, WRITING, O_RDONLY)) == 0;
+  return allowWhere(filter, SCMP_SYS(openat), maskedEqual(2, WRITING, O_RDONLY)) &&
+         allowWhere(filter, SCMP_SYS(open), maskedEqual(1, WRITING, O_RDONLY));
 }
 
 // Descriptors may be looked at and copied, and nothing be sent through them.
 bool allowDescriptorFlags(const Filter& filter) {
-  for (const scmp_datum_t command : {F_GETFD, F_SETFD, F_GETFL, F_DUPFD_CLOEXEC}) {
-    if (seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(fcntl), 1,
-                         SCMP_A1(SCMP_CMP_EQ, command)) != 0) {
-      return false;
-    }
-  }
-  return true;
+  constexpr scmp_datum_t COMMANDS[] = {F_GETFD, F_SETFD, F_GETFL, F_DUPFD_CLOEXEC};
+  return std::all_of(std::begin(COMMANDS), std::end(COMMANDS), [&filter](scmp_datum_t command) {
+    return allowWhere(filter, SCMP_SYS(fcntl), equal(1, command));
+  });
 }
 
 // A thread shares all with the one that starts it, a process does not. The newer call hides its
 // flags in memory, where a filter cannot look: told that it is missing, the runtime takes the old.
 bool allowThreads(const Filter& filter) {
   constexpr scmp_datum_t SHARED = CLONE_VM | CLONE_FILES | CLONE_SIGHAND | CLONE_THREAD;
-  return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(clone), 1,
-                          SCMP_A0(SCMP_CMP_MASKED_EQ, SHARED, SHARED)) == 0 &&
+  return allowWhere(filter, SCMP_SYS(clone), maskedEqual(0, SHARED, SHARED)) &&
          seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0) == 0;
 }
 
 // abort() signals its own thread; nobody else can be.
 bool allowSignallingItself(const Filter& filter) {
-  const auto self = static_cast<scmp_datum_t>(getpid());
-  return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(tgkill), 1,
-                          SCMP_A0(SCMP_CMP_EQ, self)) == 0;
+  return allowWhere(filter, SCMP_SYS(tgkill), equal(0, static_cast<scmp_datum_t>(getpid())));
 }
 
 // Only asked for a limit, never given a new one.
 bool allowReadingLimits(const Filter& filter) {
-  return seccomp_rule_add(filter.get(), SCMP_ACT_ALLOW, SCMP_SYS(prlimit64), 1,
-                          SCMP_A2(SCMP_CMP_EQ, 0)) == 0;
+  return allowWhere(filter, SCMP_SYS(prlimit64), equal(2, 0));
 }
 
 }  // namespace
@@ -99,11 +104,10 @@ bool filterSystemCalls() {
   if (prctl(PR_GET_SECCOMP, 0, 0, 0, 0) < 0) return true;
   const Filter filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)));
   if (!filter) return false;
-  for (const int call : ALLOWED) {
-    if (!allow(filter, call)) return false;
-  }
-  return allowOpeningForReading(filter) && allowDescriptorFlags(filter) && allowThreads(filter) &&
-         allowSignallingItself(filter) && allowReadingLimits(filter) &&
+  const bool allowed = std::all_of(std::begin(ALLOWED), std::end(ALLOWED),
+                                   [&filter](int call) { return allow(filter, call); });
+  return allowed && allowOpeningForReading(filter) && allowDescriptorFlags(filter) &&
+         allowThreads(filter) && allowSignallingItself(filter) && allowReadingLimits(filter) &&
          seccomp_load(filter.get()) == 0;
 }
 

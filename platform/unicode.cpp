@@ -64,7 +64,7 @@ UChar32 firstScalar(std::string_view text) {
   if (text.empty()) return U_SENTINEL;
   const auto* units = reinterpret_cast<const std::uint8_t*>(text.data());
   UChar32 first = 0;
-  U8_GET(units, 0, 0, text.size(), first);
+  U8_GET(units, 0, 0, static_cast<std::int32_t>(text.size()), first);
   return first;
 }
 

@@ -31,47 +31,44 @@ constexpr const char* SENSITIVE = "Denied: sensitive path.";
 
 // A sanitizer makes every program slower and keeps freed memory for a while.
 #ifdef NORVAST_SANITIZED
-constexpr int DAMAGED_PDFS = 60;
-constexpr int DAMAGED_IMAGES = 30;
+constexpr std::size_t DAMAGED_PDFS = 60;
+constexpr std::size_t DAMAGED_IMAGES = 30;
 constexpr long MOST_GROWTH_KILOBYTES = 300'000;
 #else
-constexpr int DAMAGED_PDFS = 240;
-constexpr int DAMAGED_IMAGES = 120;
+constexpr std::size_t DAMAGED_PDFS = 240;
+constexpr std::size_t DAMAGED_IMAGES = 120;
 constexpr long MOST_GROWTH_KILOBYTES = 512;
 #endif
 
 // A home whose folder of files is nominated, each with its content.
 class ReadFileContent : public testing::Test {
  protected:
-  ReadFileContent() { home_.createIndex(); }
+  ReadFileContent() { home.createIndex(); }
 
-  std::string at(const std::string& name) const { return (home_.path() / name).string(); }
+  std::string at(const std::string& name) const { return (home.path() / name).string(); }
 
   // Nominates the file at that path with these bytes.
   std::string add(const std::string& name, const std::string& bytes, int allowContent = 1) const {
-    const std::string path = at(name);
+    std::string path = at(name);
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    home_.writeFile(path, bytes);
+    home.writeFile(path, bytes);
     nominate(path, allowContent);
     return path;
   }
 
   void nominate(const std::string& path, int allowContent = 1) const {
-    home_.execute("INSERT INTO mcp_exposure VALUES('" + path + "'," + std::to_string(allowContent) +
-                  ")");
+    home.execute("INSERT INTO mcp_exposure VALUES('" + path + "'," + std::to_string(allowContent) +
+                 ")");
   }
 
-  TestHome home_;
+  TestHome home;
 };
 
 TEST_F(ReadFileContent, PassesItsGatesInOrder) {
   const std::string thousand(1'000, 'x');
   const std::string emoji = "a👩‍👩‍👧é";
-  std::string longText;
-  for (int line = 0; line < 1'500; ++line)
-    longText += "sixty characters of text, one line after another in one page\n";
-  std::vector<std::vector<std::string>> pages;
-  for (int page = 0; page < 30; ++page) pages.emplace_back(40, std::string(60, 'w'));
+  const std::vector<std::vector<std::string>> pages(
+      30, std::vector<std::string>(40, std::string(60, 'w')));
 
   const std::string text = add("notes.md", thousand);
   const std::string clusters = add("emoji", emoji);
@@ -88,14 +85,14 @@ TEST_F(ReadFileContent, PassesItsGatesInOrder) {
   nominate(at("fifo"));
   ASSERT_EQ(mkfifo(at("fifo").c_str(), 0600), 0);
   nominate("/dev/zero");
-  nominate(home_.path());
-  home_.writeFile(at("other.txt"), "text");
+  nominate(home.path());
+  home.writeFile(at("other.txt"), "text");
   // Of several nominations one with content is enough.
   nominate(closed, 0);
   const std::string twice = add("twice.txt", "text", 0);
   nominate(twice, 1);
 
-  ServerSession server(home_);
+  ServerSession server(home);
   const struct {
     json path;
     std::string answer;
@@ -119,7 +116,7 @@ TEST_F(ReadFileContent, PassesItsGatesInOrder) {
       {gone, NO_TEXT, true, "no extractor|warn"},
       {at("fifo"), NO_TEXT, true, "no extractor|warn"},
       {"/dev/zero", NO_TEXT, true, "no extractor|warn"},
-      {home_.path().string(), NO_TEXT, true, "no extractor|warn"},
+      {home.path().string(), NO_TEXT, true, "no extractor|warn"},
   };
   std::vector<std::string> audited;
   for (const auto& row : rows) {
@@ -134,7 +131,7 @@ TEST_F(ReadFileContent, PassesItsGatesInOrder) {
   EXPECT_EQ(server.call("read_file_content", {{"path", 7}}).text, NOT_NOMINATED);
   audited.emplace_back("read||denied · not allowlisted|warn");
   EXPECT_EQ(server.end(), "");
-  EXPECT_EQ(home_.auditRows(), audited);
+  EXPECT_EQ(home.auditRows(), audited);
 }
 
 // A copy of `bytes` cut short, or with some bits turned, bytes replaced, or a part taken out.
@@ -201,11 +198,11 @@ TEST_F(ReadFileContent, OutlivesDamagedFiles) {
   };
   const std::string pdf = add("damaged.pdf", "");
   const std::string image = add("damaged.png", "");
-  ServerSession server(home_);
+  ServerSession server(home);
   std::mt19937 random(4711);
   int texts = 0;
   const auto check = [&](const std::string& path, const std::string& bytes) {
-    home_.writeFile(path, bytes);
+    home.writeFile(path, bytes);
     const ToolAnswer answer = server.call("read_file_content", {{"path", path}});
     if (answer.isError) {
       EXPECT_EQ(answer.text, NO_TEXT);
@@ -222,10 +219,10 @@ TEST_F(ReadFileContent, OutlivesDamagedFiles) {
   ASSERT_EQ(texts, 2);
   const long residentBefore = residentKilobytes(server.pid());
   const auto descriptorsBefore = openDescriptors(server.pid());
-  for (int variant = 0; variant < DAMAGED_PDFS; ++variant) {
+  for (std::size_t variant = 0; variant < DAMAGED_PDFS; ++variant) {
     check(pdf, damaged(pdfs[variant % std::size(pdfs)], random));
   }
-  for (int variant = 0; variant < DAMAGED_IMAGES; ++variant) {
+  for (std::size_t variant = 0; variant < DAMAGED_IMAGES; ++variant) {
     check(image, damaged(images[variant % std::size(images)], random));
   }
   EXPECT_GT(texts, 20);  // damage of all degrees
@@ -248,7 +245,7 @@ TEST_F(ReadFileContent, RefusesBombsInBoundedTime) {
   std::filesystem::resize_file(sparsePdf, std::uintmax_t{10} << 30);
   std::filesystem::resize_file(sparsePng, std::uintmax_t{10} << 30);
   const std::string paths[] = {add("bomb.png", imageBomb()), sparsePdf, sparsePng};
-  ServerSession server(home_);
+  ServerSession server(home);
   const std::string text = add("notes.txt", "text");
   EXPECT_EQ(server.call("read_file_content", {{"path", text}}).text, "text");
   const long residentBefore = residentKilobytes(server.pid());

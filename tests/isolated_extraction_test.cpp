@@ -31,7 +31,7 @@ TEST(ChangingFile, IsReadAsItIsWhenItIsGone) {
 TEST(ChangingFile, GivesNothingOfWhatItLost) {
   const TestHome home;
   const auto path = home.path() / "file";
-  for (const std::uintmax_t left : {0, 40}) {
+  for (const std::uintmax_t left : {std::uintmax_t{0}, std::uintmax_t{40}}) {
     home.writeFile(path, pdfOfPages({{"A page"}}));
     const auto file = openRegularFile(path);
     std::filesystem::resize_file(path, left);

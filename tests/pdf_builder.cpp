@@ -58,6 +58,7 @@ std::string pdfStream(const std::string& dictionary, const std::string& data) {
 
 std::string pdfOfPages(const std::vector<std::vector<std::string>>& pages) {
   std::vector<std::string> contents;
+  contents.reserve(pages.size());
   for (const auto& lines : pages) contents.push_back(linesContent(lines));
   return pdfOfContents(contents);
 }

@@ -14,22 +14,38 @@
 namespace norvast {
 namespace {
 
-const std::string PAGES_OBJECT = "<< /Type /Pages /Kids [3 0 R] /Count 1 >>";
+// One page that shows `content` in the font /F1, which is object 5; `fonts` are that and those
+// after it.
+std::string pdfInFont(const std::string& content, const std::vector<std::string>& fonts) {
+  std::vector<std::string> objects = {
+      "<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
+      R"(<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] /Contents 4 0 R
+      /Resources << /Font << /F1 5 0 R >> >> >>)",
+      pdfStream("", content)};
+  objects.insert(objects.end(), fonts.begin(), fonts.end());
+  return pdfOfObjects(objects);
+}
 
 // Japanese in a font that is not embedded: its characters are known from a map among the system's
 // files.
 std::string japanesePdf() {
-  return pdfOfObjects(
-      {"<< /Type /Catalog /Pages 2 0 R >>", PAGES_OBJECT,
-       "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] "
-       "/Resources << /Font << /F1 5 0 R >> >> /Contents 4 0 R >>",
-       pdfStream("", "BT /F1 14 Tf 72 700 Td <93FA967B8CEA> Tj ET"),
-       "<< /Type /Font /Subtype /Type0 /BaseFont /HeiseiMin-W3 /Encoding /90ms-RKSJ-H "
-       "/DescendantFonts [6 0 R] >>",
-       "<< /Type /Font /Subtype /CIDFontType0 /BaseFont /HeiseiMin-W3 /DW 1000 /CIDSystemInfo "
-       "<< /Registry (Adobe) /Ordering (Japan1) /Supplement 2 >> /FontDescriptor 7 0 R >>",
-       "<< /Type /FontDescriptor /FontName /HeiseiMin-W3 /Flags 4 /FontBBox [0 -200 1000 800] "
-       "/ItalicAngle 0 /Ascent 800 /Descent -200 /CapHeight 700 /StemV 80 >>"});
+  return pdfInFont(
+      "BT /F1 14 Tf 72 700 Td <93FA967B8CEA> Tj ET",
+      {R"(<< /Type /Font /Subtype /Type0 /BaseFont /HeiseiMin-W3 /Encoding /90ms-RKSJ-H
+          /DescendantFonts [6 0 R] >>)",
+       R"(<< /Type /Font /Subtype /CIDFontType0 /BaseFont /HeiseiMin-W3 /DW 1000 /CIDSystemInfo
+          << /Registry (Adobe) /Ordering (Japan1) /Supplement 2 >> /FontDescriptor 7 0 R >>)",
+       R"(<< /Type /FontDescriptor /FontName /HeiseiMin-W3 /Flags 4 /FontBBox [0 -200 1000 800]
+          /ItalicAngle 0 /Ascent 800 /Descent -200 /CapHeight 700 /StemV 80 >>)"});
+}
+
+// Every A stands for "e" and U+0301 COMBINING ACUTE ACCENT.
+std::string combiningPdf() {
+  return pdfInFont(
+      "BT /F1 14 Tf 72 700 Td (AAA) Tj ET",
+      {"<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica /ToUnicode 6 0 R >>",
+       pdfStream("", R"(/CIDInit /ProcSet findresource begin begincmap 1 begincodespacerange <00>
+          <FF> endcodespacerange 1 beginbfchar <41> <00650301> endbfchar endcmap end)")});
 }
 
 // A page tree whose only node is its own child, over and over.
@@ -98,17 +114,7 @@ TEST(PdfText, IsCutAtUserPerceivedCharacters) {
   for (const auto& row : rows) {
     EXPECT_EQ(pdfText(document, row.limit), row.text) << row.limit;
   }
-  // The combining accent stays with its letter: ToUnicode makes every A "e" and U+0301.
-  const std::string accented = pdfOfObjects(
-      {"<< /Type /Catalog /Pages 2 0 R >>", PAGES_OBJECT,
-       "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] "
-       "/Resources << /Font << /F1 5 0 R >> >> /Contents 4 0 R >>",
-       pdfStream("", "BT /F1 14 Tf 72 700 Td (AAA) Tj ET"),
-       "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica /ToUnicode 6 0 R >>",
-       pdfStream("",
-                 "/CIDInit /ProcSet findresource begin begincmap 1 begincodespacerange <00> "
-                 "<FF> endcodespacerange 1 beginbfchar <41> <00650301> endbfchar endcmap end")});
-  EXPECT_EQ(pdfText(accented, 2), "e\u0301e\u0301");
+  EXPECT_EQ(pdfText(combiningPdf(), 2), "e\u0301e\u0301");
 }
 
 // Whatever the decoder needs of the system's files, the lock leaves it; a text that is silently
