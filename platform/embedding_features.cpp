@@ -74,7 +74,7 @@ std::vector<std::size_t> characterStarts(std::string_view text) {
 // The distinct grams of a word between its marks, ascending.
 std::vector<Feature> gramsOf(std::string_view marked, const std::vector<std::size_t>& starts) {
   std::vector<std::string_view> all;
-  for (const std::size_t length : {3, 4}) {
+  for (const std::size_t length : {3U, 4U}) {
     for (std::size_t first = 0; first + length < starts.size(); ++first) {
       all.push_back(marked.substr(starts[first], starts[first + length] - starts[first]));
     }

@@ -135,8 +135,9 @@ std::string foldDiacritics(std::string_view text) {
 bool isLetterOrNumber(std::string_view cluster) {
   if (cluster.empty()) return false;
   const auto* units = reinterpret_cast<const std::uint8_t*>(cluster.data());
+  std::size_t at = 0;
   UChar32 first = 0;
-  U8_GET(units, 0, 0, cluster.size(), first);
+  U8_NEXT(units, at, cluster.size(), first);
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
 }
