@@ -23,6 +23,15 @@ constexpr double NEIGHBOURED_IDEOGRAPH_COUNT = 0.5;
 constexpr double FUNCTION_WORD_WEIGHT = 0.1;
 constexpr std::size_t FEWEST_CHARACTERS_OF_A_PIECE = 2;
 
+icu::UnicodeString withoutMarks(const icu::UnicodeString& text) {
+  icu::UnicodeString bare;
+  for (std::int32_t at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
+    const UChar32 character = text.char32At(at);
+    if ((U_GET_GC_MASK(character) & U_GC_M_MASK) == 0) bare.append(character);
+  }
+  return bare;
+}
+
 // Compatibility decomposition, combining marks dropped, recomposed. On failure the text as it is.
 icu::UnicodeString foldUnicode(const icu::UnicodeString& source) {
   UErrorCode status = U_ZERO_ERROR;
@@ -30,13 +39,10 @@ icu::UnicodeString foldUnicode(const icu::UnicodeString& source) {
   const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
   if (U_FAILURE(status) != 0) return source;
 
-  const icu::UnicodeString decomposed = decomposer->normalize(source, status);
-  icu::UnicodeString bare;
-  for (std::int32_t at = 0; at < decomposed.length(); at = decomposed.moveIndex32(at, 1)) {
-    const UChar32 character = decomposed.char32At(at);
-    if ((U_GET_GC_MASK(character) & U_GC_M_MASK) == 0) bare.append(character);
-  }
-  icu::UnicodeString folded = composer->normalize(bare, status);
+  // Marks that are there from the start go first: a decomposition would put them in order, in time
+  // quadratic in the marks behind one letter.
+  const icu::UnicodeString decomposed = decomposer->normalize(withoutMarks(source), status);
+  icu::UnicodeString folded = composer->normalize(withoutMarks(decomposed), status);
   return U_FAILURE(status) != 0 ? source : folded;
 }
 

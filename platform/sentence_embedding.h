@@ -33,7 +33,7 @@ class SentenceEmbedding {
   static std::optional<SentenceEmbedding> english();
 
   // EMBEDDING_DIMENSIONS numbers of length 1, in time linear in the text, which may be any bytes.
-  // Nothing for a text without a letter or digit.
+  // Nothing for a text without a letter or digit. One call at a time: it keeps words for the next.
   std::optional<std::vector<double>> vector(std::string_view text) const;
 
   SentenceEmbedding(SentenceEmbedding&&) noexcept;

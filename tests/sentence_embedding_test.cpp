@@ -84,6 +84,13 @@ TEST(SentenceEmbedding, HasLength1OrIsNothing) {
   }
 }
 
+// In quadratic time this would take minutes, and the test be ended.
+TEST(SentenceEmbedding, TakesAMillionMarksBehindOneLetter) {
+  std::string text = "budget";
+  for (int count = 0; count < 500'000; ++count) text += "\u0301\u0323";
+  EXPECT_EQ(vectorOf(text), vectorOf("budget"));
+}
+
 TEST(SentenceEmbedding, PutsLikeTextsNearer) {
   const struct {
     const char* query;
