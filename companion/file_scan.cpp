@@ -24,16 +24,21 @@ bool isUsable(std::string_view name) {
 }
 
 ScannedFile describe(std::string path, const struct stat& status) {
-  return {std::move(path), status.st_size, status.st_mtim.tv_sec};
+  return {std::move(path), status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 class Scan {
  public:
-  explicit Scan(const std::function<void(const ScannedFile&)>& visit) : visit_(visit) {}
+  Scan(const std::function<void(ScannedFile)>& visit, ScanReport& report)
+      : visit_(visit), report_(report) {}
 
   void run(const std::string& root) {
     struct stat status {};
-    if (isSensitive(root) || lstat(root.c_str(), &status) != 0) return;
+    if (lstat(root.c_str(), &status) != 0) return;
+    if (isSensitive(root)) {
+      ++report_.sensitivePaths;
+      return;
+    }
     if (S_ISREG(status.st_mode)) visit_(describe(root, status));
     if (S_ISDIR(status.st_mode)) waiting_.push_back(root);
     while (!waiting_.empty()) {
@@ -43,13 +48,11 @@ class Scan {
     }
   }
 
-  ScanReport report;
-
  private:
   void scanFolder(const std::string& path) {
     const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
     if (!folder) {
-      report.unreadableFolders.push_back(path);
+      report_.unreadableFolders.push_back(path);
       return;
     }
     while (const dirent* entry = readdir(folder.get())) {
@@ -63,9 +66,12 @@ class Scan {
     if (entry.d_type != DT_REG && entry.d_type != DT_DIR && entry.d_type != DT_UNKNOWN) return;
     std::string path = parent == "/" ? parent : parent + "/";
     path += name;
-    if (isSensitive(path)) return;
+    if (isSensitive(path)) {
+      ++report_.sensitivePaths;
+      return;
+    }
     if (!isUsable(name)) {
-      ++report.unusableNames;
+      ++report_.unusableNames;
       return;
     }
     if (entry.d_type == DT_DIR) {
@@ -78,17 +84,16 @@ class Scan {
     if (S_ISDIR(status.st_mode)) waiting_.push_back(std::move(path));
   }
 
-  const std::function<void(const ScannedFile&)>& visit_;
+  const std::function<void(ScannedFile)>& visit_;
+  ScanReport& report_;
   std::vector<std::string> waiting_;  // folders still to be scanned
 };
 
 }  // namespace
 
-ScanReport scanFiles(const std::string& root,
-                     const std::function<void(const ScannedFile&)>& visit) {
-  Scan scan(visit);
-  scan.run(root);
-  return std::move(scan.report);
+void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
+               ScanReport& report) {
+  Scan(visit, report).run(root);
 }
 
 std::string_view fileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }

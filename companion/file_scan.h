@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace norvast {
@@ -12,20 +13,23 @@ namespace norvast {
 struct ScannedFile {
   std::string path;  // absolute, UTF-8
   std::int64_t sizeBytes = 0;
-  std::int64_t modified = 0;  // whole seconds since 1970-01-01 00:00:00 UTC
+  std::int64_t modified = 0;     // whole seconds since 1970-01-01 00:00:00 UTC
+  std::int64_t nanoseconds = 0;  // of the modification time, within its second
 };
 
 // What a scan passed over for a reason that the user should hear of.
 struct ScanReport {
   std::vector<std::string> unreadableFolders;
   std::uint64_t unusableNames = 0;  // with a line break or bytes that are not UTF-8
+  std::uint64_t sensitivePaths = 0;
 };
 
 // Calls `visit` with every regular file at any depth below the folder `root`, or with `root` itself
-// when it is a file, in no particular order. Symbolic links are not followed; hidden names (with a
-// leading dot) and sensitive paths are left out with all that is below them. `root` is absolute and
-// free of links; it is taken even when its own name is hidden.
-ScanReport scanFiles(const std::string& root, const std::function<void(const ScannedFile&)>& visit);
+// when it is a file, in no particular order, and adds to the report. Symbolic links are not
+// followed; hidden names (with a leading dot) and sensitive paths are left out with all that is
+// below them. `root` is absolute and free of links; it is taken even when its own name is hidden.
+void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
+               ScanReport& report);
 
 // The name behind the last solidus of a path.
 std::string_view fileName(std::string_view path);

@@ -13,10 +13,13 @@
 namespace norvast {
 namespace {
 
-// All tables are joined on `path`, the absolute path of the file.
+// All tables are joined on `path`, the absolute path of the file. `nanoseconds` completes
+// `modified`, so that a change within the same second is seen; it is -1 for a file that could not
+// be read.
 constexpr std::array SCHEMA = {
     "CREATE TABLE file(path TEXT PRIMARY KEY NOT NULL, name TEXT NOT NULL, ext TEXT NOT NULL, "
-    "grp TEXT NOT NULL, size INTEGER NOT NULL, modified INTEGER NOT NULL) WITHOUT ROWID",
+    "grp TEXT NOT NULL, size INTEGER NOT NULL, modified INTEGER NOT NULL, nanoseconds INTEGER NOT "
+    "NULL) WITHOUT ROWID",
     "CREATE TABLE mcp_exposure(path TEXT PRIMARY KEY NOT NULL, allow_content INTEGER NOT NULL) "
     "WITHOUT ROWID",
     "CREATE TABLE analysis(path TEXT PRIMARY KEY NOT NULL, summary TEXT, entities TEXT, method "

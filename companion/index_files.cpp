@@ -1,51 +1,65 @@
 #include "companion/index_files.h"
 
+#include <unistd.h>
+
 #include <algorithm>
-#include <array>
-#include <string_view>
+#include <chrono>
 #include <unordered_map>
 #include <utility>
 
+#include "companion/file_analysis.h"
 #include "companion/index_database.h"
-#include "companion/type_group.h"
+#include "companion/index_writer.h"
+#include "companion/path_range.h"
+#include "companion/progress.h"
+#include "platform/sentence_embedding.h"
 #include "store/statement.h"
 
 namespace norvast {
 namespace {
 
-// Rows written in one transaction: a few milliseconds of write lock.
-constexpr std::size_t ROWS_A_BATCH = 1000;
+// What one transaction writes at the most: some milliseconds of write lock, some megabytes.
+constexpr std::size_t FILES_A_BATCH = 500;
+constexpr std::size_t PASSAGES_A_BATCH = 2000;
 
-constexpr std::array TABLES = {"file", "mcp_exposure", "analysis", "embedding", "chunk"};
+// How long analysed files wait for their transaction.
+constexpr auto LONGEST_BATCH = std::chrono::seconds(2);
+
+// Stands for the nanoseconds of a file that could not be read: no file has them, so it is tried
+// anew.
+constexpr std::int64_t NOT_READ = -1;
 
 struct KnownFile {
   std::int64_t sizeBytes = 0;
   std::int64_t modified = 0;
+  std::int64_t nanoseconds = 0;
   bool isThere = false;
+
+  bool isSame(const ScannedFile& file) const {
+    return sizeBytes == file.sizeBytes && modified == file.modified &&
+           nanoseconds == file.nanoseconds;
+  }
 };
 
-// What is below a path in the byte order of paths: from "/a/" to before "/a0", the character
-// behind the solidus.
-std::string firstBelow(const std::string& path) { return path == "/" ? path : path + "/"; }
-std::string firstBehind(const std::string& path) { return path == "/" ? "0" : path + "0"; }
-
-bool isBelow(std::string_view path, const std::string& folder) {
-  return path.starts_with(firstBelow(folder));
-}
+struct AnalysedFile {
+  ScannedFile file;
+  FileAnalysis analysis;
+};
 
 class Indexing {
  public:
-  Indexing(const Connection& connection, std::optional<Nomination> nomination)
-      : connection_(connection), nomination_(nomination) {}
+  Indexing(const Connection& index, const IndexingOptions& options)
+      : index_(index), options_(options), writer_(index), sentence_(SentenceEmbedding::english()) {}
 
   void run(const std::string& root) {
     readKnown(root);
-    ScanReport scan = scanFiles(root, [this](const ScannedFile& file) { take(file); });
-    dropVanished(scan.unreadableFolders);
-    flush();
-    std::move(scan.unreadableFolders.begin(), scan.unreadableFolders.end(),
-              std::back_inserter(report.scan.unreadableFolders));
-    report.scan.unusableNames += scan.unusableNames;
+    const std::size_t unreadableBefore = report.scan.unreadableFolders.size();
+    std::vector<ScannedFile> changed;
+    scanFiles(
+        root, [&](ScannedFile file) { sort(std::move(file), changed); }, report.scan);
+    indexChanged(std::move(changed));
+    nominateUnchanged();
+    dropVanished(unreadableBefore);
   }
 
   IndexingReport report;
@@ -53,113 +67,131 @@ class Indexing {
  private:
   void readKnown(const std::string& root) {
     known_.clear();
-    Statement statement(connection_,
-                        "SELECT path, size, modified FROM file WHERE path = ? OR (path >= ? AND "
-                        "path < ?)",
-                        std::vector{root, firstBelow(root), firstBehind(root)});
+    const PathRange range(root);
+    Statement statement(
+        index_,
+        std::string("SELECT path, size, modified, nanoseconds FROM file WHERE ") + AT_OR_BELOW,
+        std::vector{range.path, range.firstBelow, range.firstBehind});
     while (statement.step()) {
-      known_[statement.text(0)] = {statement.integer(1), statement.integer(2), false};
+      known_[statement.text(0)] = {statement.integer(1), statement.integer(2),
+                                   statement.integer(3)};
     }
   }
 
-  void take(const ScannedFile& file) {
+  // Marks a file that is known, and keeps it when it is to be indexed.
+  void sort(ScannedFile file, std::vector<ScannedFile>& changed) {
     const auto known = known_.find(file.path);
-    const bool isKnown = known != known_.end();
-    if (isKnown) known->second.isThere = true;
-    const bool isUnchanged = isKnown && known->second.sizeBytes == file.sizeBytes &&
-                             known->second.modified == file.modified;
-    if (isUnchanged) {
-      ++report.unchanged;
-    } else {
-      changed_.push_back(file);
+    if (known != known_.end()) known->second.isThere = true;
+    if (known == known_.end() || !known->second.isSame(file)) {
+      changed.push_back(std::move(file));
+      return;
     }
-    if (nomination_) nominated_.push_back(file.path);
-    if (changed_.size() + nominated_.size() >= ROWS_A_BATCH) flush();
+    ++report.unchanged;
+    if (options_.nomination) unchanged_.push_back(std::move(file.path));
   }
 
-  void dropVanished(const std::vector<std::string>& unreadableFolders) {
-    for (const auto& [path, known] : known_) {
-      const bool isHidden =
-          std::any_of(unreadableFolders.begin(), unreadableFolders.end(),
-                      [&path = path](const std::string& folder) { return isBelow(path, folder); });
-      if (known.isThere || isHidden) continue;
-      vanished_.push_back(path);
-      if (vanished_.size() >= ROWS_A_BATCH) flush();
+  void indexChanged(std::vector<ScannedFile> changed) {
+    Progress progress(changed.size(), options_.isQuiet);
+    for (ScannedFile& file : changed) {
+      if (access(file.path.c_str(), R_OK) != 0) {
+        report.unreadableFiles.push_back(file.path);
+        file.nanoseconds = NOT_READ;
+      }
+      FileAnalysis analysis = analyseFile(file.path, sentence_);
+      passages_ += analysis.passages.size();
+      batch_.push_back({std::move(file), std::move(analysis)});
+      if (isBatchFull()) writeBatch();
+      progress.step();
     }
+    writeBatch();
   }
 
-  // Writes what has gathered, in one transaction.
-  void flush() {
-    if (changed_.empty() && nominated_.empty() && vanished_.empty()) return;
-    Transaction transaction(connection_);
-    if (writeFiles() && writeNominations() && removeVanished() && transaction.commit()) {
-      report.indexed += changed_.size();
-      report.nominated += nominated_.size();
-      report.removed += vanished_.size();
-    } else {
-      report.isComplete = false;
-    }
-    changed_.clear();
-    nominated_.clear();
-    vanished_.clear();
+  bool isBatchFull() const {
+    return batch_.size() >= FILES_A_BATCH || passages_ >= PASSAGES_A_BATCH ||
+           std::chrono::steady_clock::now() - batchStart_ > LONGEST_BATCH;
   }
 
-  bool writeFiles() {
-    Statement insert(connection_,
-                     "INSERT OR REPLACE INTO file(path,name,ext,grp,size,modified) "
-                     "VALUES(?,?,?,?,?,?)");
-    return std::all_of(changed_.begin(), changed_.end(), [&insert](const ScannedFile& file) {
-      const std::string extension = fileExtension(file.path);
-      insert.bind(1, file.path);
-      insert.bind(2, std::string(fileName(file.path)));
-      insert.bind(3, extension);
-      insert.bind(4, std::string(typeGroup(extension)));
-      insert.bind(5, file.sizeBytes);
-      insert.bind(6, file.modified);
-      const bool isWritten = insert.run();
-      insert.reset();
-      return isWritten;
-    });
-  }
-
-  bool writeNominations() {
-    Statement insert(connection_,
-                     "INSERT OR REPLACE INTO mcp_exposure(path,allow_content) VALUES(?,?)");
-    return std::all_of(nominated_.begin(), nominated_.end(), [&](const std::string& path) {
-      insert.bind(1, path);
-      insert.bind(2, std::int64_t{nomination_ == Nomination::content ? 1 : 0});
-      const bool isWritten = insert.run();
-      insert.reset();
-      return isWritten;
-    });
-  }
-
-  bool removeVanished() {
-    if (vanished_.empty()) return true;
-    return std::all_of(TABLES.begin(), TABLES.end(), [this](const char* table) {
-      Statement remove(connection_, "DELETE FROM " + std::string(table) + " WHERE path = ?");
-      return std::all_of(vanished_.begin(), vanished_.end(), [&remove](const std::string& path) {
-        remove.bind(1, path);
-        const bool isRemoved = remove.run();
-        remove.reset();
-        return isRemoved;
+  void writeBatch() {
+    if (batch_.empty()) return;
+    const bool isWritten = inTransaction([this] {
+      return std::all_of(batch_.begin(), batch_.end(), [this](const AnalysedFile& analysed) {
+        return writer_.replace(analysed.file, analysed.analysis) && nominate(analysed.file.path);
       });
     });
+    if (isWritten) {
+      report.indexed += batch_.size();
+      report.nominated += options_.nomination ? batch_.size() : 0;
+      report.withoutText += static_cast<std::uint64_t>(
+          std::count_if(batch_.begin(), batch_.end(),
+                        [](const AnalysedFile& analysed) { return !analysed.analysis.hasText; }));
+    }
+    batch_.clear();
+    passages_ = 0;
+    batchStart_ = std::chrono::steady_clock::now();
   }
 
-  const Connection& connection_;
-  std::optional<Nomination> nomination_;
+  bool nominate(const std::string& path) {
+    return !options_.nomination || writer_.nominate(path, *options_.nomination);
+  }
+
+  void nominateUnchanged() {
+    forEachBatch(
+        unchanged_, [this](const std::string& path) { return nominate(path); }, report.nominated);
+    unchanged_.clear();
+  }
+
+  // What lies in a folder that this root's scan could not read is hidden, not gone.
+  void dropVanished(std::size_t unreadableBefore) {
+    const auto& unreadable = report.scan.unreadableFolders;
+    std::vector<PathRange> hidden(
+        unreadable.begin() + static_cast<std::ptrdiff_t>(unreadableBefore), unreadable.end());
+    std::vector<std::string> vanished;
+    for (const auto& [path, known] : known_) {
+      const bool isHidden =
+          std::any_of(hidden.begin(), hidden.end(),
+                      [&path = path](const PathRange& folder) { return folder.contains(path); });
+      if (!known.isThere && !isHidden) vanished.push_back(path);
+    }
+    forEachBatch(
+        vanished, [this](const std::string& path) { return writer_.remove(path); }, report.removed);
+  }
+
+  // Does `write` for all paths, a batch in a transaction, and adds those of the written batches up.
+  template <typename Write>
+  void forEachBatch(const std::vector<std::string>& paths, Write write, std::uint64_t& written) {
+    for (std::size_t start = 0; start < paths.size(); start += FILES_A_BATCH) {
+      const auto first = paths.begin() + static_cast<std::ptrdiff_t>(start);
+      const std::size_t count = std::min(FILES_A_BATCH, paths.size() - start);
+      const bool isWritten = inTransaction(
+          [&] { return std::all_of(first, first + static_cast<std::ptrdiff_t>(count), write); });
+      if (isWritten) written += count;
+    }
+  }
+
+  template <typename Write>
+  bool inTransaction(Write write) {
+    Transaction transaction(index_);
+    const bool isWritten = write() && transaction.commit();
+    report.isComplete = report.isComplete && isWritten;
+    return isWritten;
+  }
+
+  const Connection& index_;
+  const IndexingOptions& options_;
+  IndexWriter writer_;
+  std::optional<SentenceEmbedding> sentence_;
   std::unordered_map<std::string, KnownFile> known_;  // of the root at hand
-  std::vector<ScannedFile> changed_;
-  std::vector<std::string> nominated_;
-  std::vector<std::string> vanished_;
+  std::vector<std::string> unchanged_;
+  std::vector<AnalysedFile> batch_;
+  std::size_t passages_ = 0;  // in the batch
+  std::chrono::steady_clock::time_point batchStart_ = std::chrono::steady_clock::now();
 };
 
 }  // namespace
 
-IndexingReport indexFiles(const Connection& connection, const std::vector<std::string>& roots,
-                          std::optional<Nomination> nomination) {
-  Indexing indexing(connection, nomination);
+IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& roots,
+                          const IndexingOptions& options) {
+  Indexing indexing(index, options);
   for (const std::string& root : roots) indexing.run(root);
   return std::move(indexing.report);
 }

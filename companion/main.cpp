@@ -1,72 +1,147 @@
 // norvast_index: fills and steers the index where the desktop app does not run.
 #include <CLI/CLI.hpp>
 
-#include <cstdlib>
-#include <filesystem>
+#include <cstdint>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
-#include "companion/index_database.h"
-#include "companion/index_files.h"
+#include "companion/commands.h"
 
 namespace norvast {
 namespace {
 
-int fail(const std::string& why) {
-  std::cerr << "norvast_index: " << why << "\n";
-  return EXIT_FAILURE;
+// What the command line says, and the command that it chose.
+struct CommandLine {
+  std::vector<std::string> paths;
+  std::string nominate;
+  std::string position;
+  bool isQuiet = false;
+  bool isContent = false;
+  bool isMetadata = false;
+  bool isFollowing = false;
+  std::uint64_t last = 20;
+  std::function<ExitStatus()> command;
+};
+
+std::optional<Nomination> nominationOf(const std::string& word) {
+  if (word == "metadata") return Nomination::metadata;
+  if (word == "content") return Nomination::content;
+  return std::nullopt;
 }
 
-void print(const IndexingReport& report) {
-  std::cout << "indexed " << report.indexed << ", unchanged " << report.unchanged << ", removed "
-            << report.removed << ", nominated " << report.nominated << "\n";
-  for (const std::string& folder : report.scan.unreadableFolders) {
-    std::cout << "not readable: " << folder << "\n";
-  }
-  if (report.scan.unusableNames > 0) {
-    std::cout << "left out for a name with a line break or invalid UTF-8: "
-              << report.scan.unusableNames << "\n";
-  }
+CLI::App* addSubcommand(CLI::App& app, const std::string& name, const std::string& description,
+                        const std::string& example) {
+  CLI::App* subcommand = app.add_subcommand(name, description);
+  subcommand->footer("Example: " + example);
+  return subcommand;
 }
 
-int add(const std::vector<std::string>& paths, std::optional<Nomination> nomination) {
-  std::vector<std::string> roots;
-  for (const std::string& path : paths) {
-    std::error_code failure;
-    const std::filesystem::path root = std::filesystem::canonical(path, failure);
-    if (failure) return fail(path + ": " + failure.message());
-    roots.push_back(root.string());
-  }
-  auto index = openIndex();
-  if (const auto* why = std::get_if<std::string>(&index)) return fail(*why);
-  const IndexingReport report = indexFiles(std::get<Connection>(index), roots, nomination);
-  print(report);
-  if (!report.isComplete) return fail("the index could not be written to the end; run it again");
-  return EXIT_SUCCESS;
+void addPaths(CLI::App& subcommand, CommandLine& line, const std::string& description) {
+  subcommand.add_option("PATH", line.paths, description)->required();
+}
+
+void defineAdd(CLI::App& app, CommandLine& line) {
+  CLI::App* add = addSubcommand(app, "add", "Index files and folders, and keep up with changes",
+                                "norvast_index add --nominate content ~/Documents");
+  addPaths(*add, line, "Files, or folders with all that is below them");
+  add->add_option("--nominate", line.nominate,
+                  "Show what is indexed to AI clients: names, sizes and summaries, or text too")
+      ->check(CLI::IsMember({"metadata", "content"}));
+  add->add_flag("--quiet", line.isQuiet, "Say nothing unless something fails");
+  add->callback([&line] {
+    line.command = [&line] {
+      return addCommand(line.paths, nominationOf(line.nominate),
+                        line.isQuiet ? Verbosity::quiet : Verbosity::normal);
+    };
+  });
+}
+
+void defineNominations(CLI::App& app, CommandLine& line) {
+  CLI::App* nominate = addSubcommand(app, "nominate", "Show indexed files to AI clients",
+                                     "norvast_index nominate --content ~/Documents/report.pdf");
+  addPaths(*nominate, line, "Indexed files, or folders with all that is indexed below them");
+  CLI::Option* metadata = nominate->add_flag(
+      "--metadata", line.isMetadata, "Names, sizes, times and summaries alone (the default)");
+  nominate->add_flag("--content", line.isContent, "Their text, too")->excludes(metadata);
+  nominate->callback([&line] {
+    line.command = [&line] {
+      return nominateCommand(line.paths,
+                             line.isContent ? Nomination::content : Nomination::metadata);
+    };
+  });
+
+  CLI::App* withdraw =
+      addSubcommand(app, "withdraw", "Show files to AI clients no longer; they stay indexed",
+                    "norvast_index withdraw ~/Documents/private");
+  addPaths(*withdraw, line, "Files, or folders with all that is nominated below them");
+  withdraw->callback([&line] { line.command = [&line] { return withdrawCommand(line.paths); }; });
+
+  CLI::App* remove = addSubcommand(app, "remove", "Forget files; they stay on disk",
+                                   "norvast_index remove ~/Documents/old");
+  addPaths(*remove, line, "Files, or folders with all that is indexed below them");
+  remove->callback([&line] { line.command = [&line] { return removeCommand(line.paths); }; });
+}
+
+void defineSwitch(CLI::App& app, CommandLine& line, const std::string& name,
+                  const std::string& description, ExitStatus (*command)(Switch)) {
+  CLI::App* subcommand = addSubcommand(app, name, description, "norvast_index " + name + " off");
+  subcommand->add_option("POSITION", line.position, "on or off")
+      ->required()
+      ->check(CLI::IsMember({"on", "off"}));
+  subcommand->callback([&line, command] {
+    line.command = [&line, command] {
+      return command(line.position == "on" ? Switch::on : Switch::off);
+    };
+  });
+}
+
+void defineViews(CLI::App& app, CommandLine& line) {
+  CLI::App* status = addSubcommand(app, "status", "Show counts, switches and where the index lies",
+                                   "norvast_index status");
+  status->callback([&line] { line.command = statusCommand; });
+
+  CLI::App* audit = addSubcommand(app, "audit", "Show what AI clients looked at and were refused",
+                                  "norvast_index audit --last 50 --follow");
+  audit->add_option("--last", line.last, "How many events")->capture_default_str();
+  audit->add_flag("--follow", line.isFollowing, "Go on with each new event");
+  audit->callback([&line] {
+    line.command = [&line] {
+      return auditCommand(line.last, line.isFollowing ? Follow::yes : Follow::no);
+    };
+  });
+
+  CLI::App* config =
+      addSubcommand(app, "client-config", "Print the JSON that registers norvast_mcp with a client",
+                    "norvast_index client-config");
+  config->callback([&line] { line.command = clientConfigCommand; });
 }
 
 }  // namespace
 }  // namespace norvast
 
 int main(int argc, char** argv) {
-  using norvast::Nomination;
-  CLI::App app("Fills the index that norvast_mcp answers from.", "norvast_index");
+  using namespace norvast;
+  CLI::App app("Fills and steers the index that norvast_mcp answers from.", "norvast_index");
   app.require_subcommand(1);
+  CommandLine line;
+  defineAdd(app, line);
+  defineNominations(app, line);
+  defineSwitch(app, line, "access", "Turn AI access as a whole on or off", accessCommand);
+  defineSwitch(app, line, "library",
+               "Let AI clients see metadata and summaries of every indexed file, or not",
+               libraryCommand);
+  defineViews(app, line);
 
-  CLI::App* add = app.add_subcommand("add", "Index folders and files, and keep up with changes");
-  std::vector<std::string> paths;
-  add->add_option("PATH", paths, "Folders or files to index")->required();
-  std::string nominate;
-  add->add_option("--nominate", nominate, "Let AI clients see their metadata, or their content too")
-      ->check(CLI::IsMember({"metadata", "content"}));
-  add->footer("Example: norvast_index add --nominate content ~/Documents");
-
-  CLI11_PARSE(app, argc, argv);
-  std::optional<Nomination> nomination;
-  if (nominate == "metadata") nomination = Nomination::metadata;
-  if (nominate == "content") nomination = Nomination::content;
-  return norvast::add(paths, nomination);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& help) {
+    return app.exit(help);
+  } catch (const CLI::ParseError& error) {
+    std::cerr << "norvast_index: " << error.what() << " (see norvast_index --help)\n";
+    return static_cast<int>(ExitStatus::usage);
+  }
+  return static_cast<int>(line.command());
 }

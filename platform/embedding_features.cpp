@@ -12,7 +12,7 @@ namespace {
 
 constexpr double GRAMS_WEIGHT = 1.3;
 constexpr std::size_t FEWEST_CHARACTERS_WITH_GRAMS = 3;
-constexpr int DRAWS = 4;
+constexpr std::uint64_t PLACES = 512;
 
 // Fowler, Noll and Vo, FNV-1a with 64 bits.
 std::uint64_t fnv1a(std::uint64_t hash, std::string_view bytes) {
@@ -38,14 +38,26 @@ std::uint64_t draw(std::uint64_t& state) {
   return mixed ^ (mixed >> 31);
 }
 
-void addFeature(std::string_view kind, std::string_view bytes, double weight,
-                std::span<double> sum) {
+Feature feature(std::string_view kind, std::string_view bytes) {
   constexpr std::uint64_t FNV_OFFSET = 0xCBF29CE484222325U;
   std::uint64_t state = finalise(fnv1a(fnv1a(FNV_OFFSET, kind), bytes));
-  for (int count = 0; count < DRAWS; ++count) {
+  Feature feature;
+  for (std::int16_t& place : feature.places) {
     const std::uint64_t drawn = draw(state);
-    const double share = weight / 2;
-    sum[drawn % sum.size()] += (drawn >> 63) != 0 ? -share : share;
+    place = static_cast<std::int16_t>(drawn % PLACES + 1);
+    if ((drawn >> 63) != 0) place = static_cast<std::int16_t>(-place);
+  }
+  return feature;
+}
+
+void add(const Feature& feature, double weight, std::span<double> sum) {
+  const double share = weight / 2;
+  for (const std::int16_t place : feature.places) {
+    if (place > 0) {
+      sum[static_cast<std::size_t>(place - 1)] += share;
+    } else {
+      sum[static_cast<std::size_t>(-place - 1)] -= share;
+    }
   }
 }
 
@@ -59,13 +71,8 @@ std::vector<std::size_t> characterStarts(std::string_view text) {
   return starts;
 }
 
-struct Gram {
-  std::string_view bytes;
-  double count;
-};
-
-// The distinct grams of a word between its marks, ascending, and how often each occurs.
-std::vector<Gram> gramsOf(std::string_view marked, const std::vector<std::size_t>& starts) {
+// The distinct grams of a word between its marks, ascending.
+std::vector<Feature> gramsOf(std::string_view marked, const std::vector<std::size_t>& starts) {
   std::vector<std::string_view> all;
   for (const std::size_t length : {std::size_t{3}, std::size_t{4}}) {
     for (std::size_t first = 0; first + length < starts.size(); ++first) {
@@ -73,30 +80,40 @@ std::vector<Gram> gramsOf(std::string_view marked, const std::vector<std::size_t
     }
   }
   std::sort(all.begin(), all.end());
-  std::vector<Gram> grams;
-  for (const std::string_view gram : all) {
-    if (grams.empty() || grams.back().bytes != gram) grams.push_back({gram, 0});
-    grams.back().count += 1;
+  std::vector<Feature> grams;
+  for (std::size_t at = 0; at < all.size(); ++at) {
+    if (at > 0 && all[at] == all[at - 1]) {
+      grams.back().count += 1;
+    } else {
+      grams.push_back(feature("g:", all[at]));
+    }
   }
   return grams;
 }
 
 }  // namespace
 
-void addFeatures(std::string_view word, std::string_view stem, double weight,
-                 std::span<double> sum) {
-  addFeature("s:", stem, weight, sum);
+WordFeatures featuresOf(std::string_view word, std::string_view stem) {
+  WordFeatures features;
+  features.stem = feature("s:", stem);
 
   const std::string marked = "<" + std::string(word) + ">";
   const std::vector<std::size_t> starts = characterStarts(marked);
   const std::size_t characters = starts.size() - 3;  // without the marks and the end
-  if (characters < FEWEST_CHARACTERS_WITH_GRAMS) return;
+  if (characters < FEWEST_CHARACTERS_WITH_GRAMS) return features;
 
-  const std::vector<Gram> grams = gramsOf(marked, starts);
+  features.grams = gramsOf(marked, starts);
   double squares = 0;
-  for (const Gram& gram : grams) squares += gram.count * gram.count;
-  const double share = GRAMS_WEIGHT * weight / std::sqrt(squares);
-  for (const Gram& gram : grams) addFeature("g:", gram.bytes, gram.count * share, sum);
+  for (const Feature& gram : features.grams) squares += gram.count * gram.count;
+  features.gramsNorm = std::sqrt(squares);
+  return features;
+}
+
+void addFeatures(const WordFeatures& features, double weight, std::span<double> sum) {
+  add(features.stem, weight, sum);
+  if (features.grams.empty()) return;
+  const double share = GRAMS_WEIGHT * weight / features.gramsNorm;
+  for (const Feature& gram : features.grams) add(gram, gram.count * share, sum);
 }
 
 }  // namespace norvast

@@ -1,9 +1,10 @@
 // Embedding words: the words of a text, each with its weight.
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace norvast {
 
@@ -19,6 +20,6 @@ namespace norvast {
 //     those of two or more characters as 0.7 each;
 //   - in a run of Chinese, Japanese or Korean characters each character as 0.5, as 1 when it is
 //     alone, and each two neighbours as 1.
-std::map<std::string, double> weighedWords(std::string_view text);
+std::vector<std::pair<std::string, double>> weighedWords(std::string_view text);
 
 }  // namespace norvast

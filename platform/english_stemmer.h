@@ -14,7 +14,8 @@ class EnglishStemmer {
  public:
   static std::optional<EnglishStemmer> open();
 
-  // The stem of a lower-case word in UTF-8; the word itself when it has no other.
+  // The stem of a lower-case word in UTF-8; the word itself when it has no other
+  // or more than 64 bytes.
   std::string stem(const std::string& word) const;
 
  private:

@@ -9,7 +9,7 @@
 
 namespace norvast {
 
-class EnglishStemmer;
+class WordFeatureCache;
 
 inline constexpr std::size_t EMBEDDING_DIMENSIONS = 512;
 
@@ -33,7 +33,7 @@ class SentenceEmbedding {
   static std::optional<SentenceEmbedding> english();
 
   // EMBEDDING_DIMENSIONS numbers of length 1, in time linear in the text, which may be any bytes.
-  // Nothing for a text without a letter or digit.
+  // Nothing for a text without a letter or digit. One call at a time: it keeps words for the next.
   std::optional<std::vector<double>> vector(std::string_view text) const;
 
   SentenceEmbedding(SentenceEmbedding&&) noexcept;
@@ -41,9 +41,9 @@ class SentenceEmbedding {
   ~SentenceEmbedding();
 
  private:
-  explicit SentenceEmbedding(std::unique_ptr<EnglishStemmer> stemmer);
+  explicit SentenceEmbedding(std::unique_ptr<WordFeatureCache> features);
 
-  std::unique_ptr<EnglishStemmer> stemmer_;
+  std::unique_ptr<WordFeatureCache> features_;
 };
 
 }  // namespace norvast

@@ -1,15 +1,16 @@
 #include "platform/unicode.h"
 
 #include <unicode/brkiter.h>
-#include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "platform/utf8.h"
 
@@ -52,11 +53,57 @@ icu::UnicodeString utf16(std::string_view text) {
       icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
 }
 
+// Normalization Form D. ICU's own takes time quadratic in the marks behind one letter, and whoever
+// writes a text may put a million of them there.
+icu::UnicodeString decompose(const icu::Normalizer2& decomposer, const icu::UnicodeString& text) {
+  struct Scalar {
+    UChar32 character;
+    std::uint8_t combiningClass;
+  };
+  icu::UnicodeString ordered;
+  icu::UnicodeString mapping;
+  std::vector<Scalar> marks;  // of the letter before them
+  const auto endMarks = [&] {
+    std::stable_sort(marks.begin(), marks.end(), [](const Scalar& left, const Scalar& right) {
+      return left.combiningClass < right.combiningClass;
+    });
+    for (const Scalar& mark : marks) ordered.append(mark.character);
+    marks.clear();
+  };
+  const auto append = [&](UChar32 character) {
+    const std::uint8_t combiningClass = u_getCombiningClass(character);
+    if (combiningClass != 0) return marks.push_back({character, combiningClass});
+    endMarks();
+    ordered.append(character);
+  };
+  for (std::int32_t at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
+    const UChar32 character = text.char32At(at);
+    if (decomposer.getDecomposition(character, mapping) == 0) {
+      append(character);
+      continue;
+    }
+    for (std::int32_t part = 0; part < mapping.length(); part = mapping.moveIndex32(part, 1)) {
+      append(mapping.char32At(part));
+    }
+  }
+  endMarks();
+  return ordered;
+}
+
 // Whether marks behind this character are diacritics that can be taken off it.
 bool takesDiacritics(UChar32 base) {
   return uscript_hasScript(base, USCRIPT_LATIN) != 0 ||
          uscript_hasScript(base, USCRIPT_GREEK) != 0 ||
          uscript_hasScript(base, USCRIPT_CYRILLIC) != 0;
+}
+
+// Below 0 when there is none, or it is not valid UTF-8.
+UChar32 firstScalar(std::string_view text) {
+  if (text.empty()) return U_SENTINEL;
+  const auto* units = reinterpret_cast<const std::uint8_t*>(text.data());
+  UChar32 first = 0;
+  U8_GET(units, 0, 0, static_cast<std::int32_t>(text.size()), first);
+  return first;
 }
 
 }  // namespace
@@ -95,13 +142,15 @@ std::string canonicalForm(std::string_view text) {
   if (isAscii(text)) return form.assign(text);
 
   UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* decomposer = icu::Normalizer2::getNFDInstance(status);
   const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
   if (U_FAILURE(status) != 0) return form.assign(text);
-  icu::StringByteSink<std::string> sink(&form);
-  const icu::StringPiece piece(text.data(), static_cast<std::int32_t>(text.size()));
-  composer->normalizeUTF8(0, piece, sink, nullptr, status);
-  if (U_FAILURE(status) != 0) form.assign(text);
-  return form;
+
+  const icu::UnicodeString source = utf16(text);
+  if (composer->spanQuickCheckYes(source, status) == source.length()) return form.assign(text);
+  const icu::UnicodeString composed = composer->normalize(decompose(*decomposer, source), status);
+  if (U_FAILURE(status) != 0) return form.assign(text);
+  return composed.toUTF8String(form);
 }
 
 std::string lowerCase(std::string_view text) {
@@ -118,7 +167,7 @@ std::string foldDiacritics(std::string_view text) {
   const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
   if (U_FAILURE(status) != 0) return folded.assign(text);
 
-  const icu::UnicodeString decomposed = decomposer->normalize(utf16(text), status);
+  const icu::UnicodeString decomposed = decompose(*decomposer, utf16(text));
   icu::UnicodeString bare;
   bool isBehindLetter = false;
   for (std::int32_t at = 0; at < decomposed.length(); at = decomposed.moveIndex32(at, 1)) {
@@ -133,12 +182,16 @@ std::string foldDiacritics(std::string_view text) {
 }
 
 bool isLetterOrNumber(std::string_view cluster) {
-  if (cluster.empty()) return false;
-  const auto* units = reinterpret_cast<const std::uint8_t*>(cluster.data());
-  UChar32 first = 0;
-  U8_GET(units, 0, 0, static_cast<std::int32_t>(cluster.size()), first);
+  const UChar32 first = firstScalar(cluster);
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
+}
+
+LetterCase letterCaseOf(std::string_view cluster) {
+  const UChar32 first = firstScalar(cluster);
+  if (first < 0) return LetterCase::none;
+  if (u_isupper(first) != 0) return LetterCase::capital;
+  return u_islower(first) != 0 ? LetterCase::small : LetterCase::none;
 }
 
 }  // namespace norvast

@@ -34,4 +34,8 @@ std::string foldDiacritics(std::string_view text);
 // a Numeric_Type). UAX #44.
 bool isLetterOrNumber(std::string_view cluster);
 
+// The case of a cluster's first scalar.
+enum class LetterCase { none, capital, small };
+LetterCase letterCaseOf(std::string_view cluster);
+
 }  // namespace norvast

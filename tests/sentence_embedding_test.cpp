@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -46,7 +48,9 @@ TEST(EmbeddingWords, AreCountedAndWeighed) {
       {"—?! \u0301", {}},
   };
   for (const auto& row : rows) {
-    const auto words = weighedWords(row.text);
+    const auto weighed = weighedWords(row.text);
+    EXPECT_TRUE(std::is_sorted(weighed.begin(), weighed.end()));
+    const std::map<std::string, double> words(weighed.begin(), weighed.end());
     EXPECT_EQ(words.size(), row.counts.size()) << row.text;
     for (const auto& [word, count] : row.counts) {
       ASSERT_TRUE(words.contains(word)) << word << " in " << row.text;
@@ -78,6 +82,13 @@ TEST(SentenceEmbedding, HasLength1OrIsNothing) {
   for (const char* text : {"", " \n", "?!", "\xFF"}) {
     EXPECT_FALSE(SentenceEmbedding::english()->vector(text)) << text;
   }
+}
+
+// In quadratic time this would take minutes, and the test be ended.
+TEST(SentenceEmbedding, TakesAMillionMarksBehindOneLetter) {
+  std::string text = "budget";
+  for (int count = 0; count < 500'000; ++count) text += "\u0301\u0323";
+  EXPECT_EQ(vectorOf(text), vectorOf("budget"));
 }
 
 TEST(SentenceEmbedding, PutsLikeTextsNearer) {

@@ -62,5 +62,34 @@ TEST(Clusters, AreCountedAndNeverSplit) {
   }
 }
 
+TEST(CanonicalForm, IsOneForEquivalentTexts) {
+  const struct {
+    std::string text;
+    std::string form;
+  } rows[] = {
+      {"", ""},
+      {"plain", "plain"},
+      {"e\u0301", "é"},
+      {"q\u0307\u0323", "q\u0323\u0307"},
+      {"e\u0301\u0323", "ẹ\u0301"},
+      {"\u1112\u1161\u11ab", "한"},
+      {"\u212B", "Å"},
+      {"\u0F73\u0301", "\u0F71\u0F72\u0301"},
+      {"\u0301\u0323", "\u0323\u0301"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(canonicalForm(row.text), row.form) << row.text;
+}
+
+// In quadratic time this would take minutes, and the test be ended.
+TEST(CanonicalForm, TakesAMillionMarksBehindOneLetter) {
+  std::string text = "a";
+  std::string form = "ạ";
+  for (int count = 0; count < 500'000; ++count) text += "\u0301\u0323";
+  for (int count = 1; count < 500'000; ++count) form += "\u0323";
+  for (int count = 0; count < 500'000; ++count) form += "\u0301";
+  EXPECT_TRUE(canonicalForm(text) == form);
+  EXPECT_EQ(foldDiacritics(text), "a");
+}
+
 }  // namespace
 }  // namespace norvast

@@ -1,0 +1,66 @@
+#include "companion/audit_view.h"
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+#include <string_view>
+
+#include "companion/terminal.h"
+#include "platform/unicode.h"
+#include "store/statement.h"
+
+namespace norvast {
+namespace {
+
+std::string localTime(std::int64_t secondsSince1970) {
+  const auto time = static_cast<std::time_t>(secondsSince1970);
+  std::tm local{};
+  std::array<char, 32> text{};
+  if (localtime_r(&time, &local) == nullptr) return "?";
+  return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local)};
+}
+
+std::string padded(std::string text, std::size_t width) {
+  const std::size_t clusters = countClusters(text);
+  if (clusters < width) text.append(width - clusters, ' ');
+  return text;
+}
+
+Colour colourOf(std::string_view severity) {
+  if (severity == "deny") return Colour::red;
+  return severity == "warn" ? Colour::yellow : Colour::plain;
+}
+
+std::vector<TrailRow> read(Statement statement) {
+  std::vector<TrailRow> rows;
+  while (statement.step()) {
+    const std::string line = padded(localTime(statement.integer(1)), 19) + "  " +
+                             padded(printable(statement.text(2)), 14) + "  " +
+                             padded(printable(statement.text(4)), 26) + "  " +
+                             printable(statement.text(3));
+    rows.push_back({statement.integer(0), coloured(line, colourOf(statement.text(5)))});
+  }
+  return rows;
+}
+
+}  // namespace
+
+std::vector<TrailRow> lastEvents(const MCPStore& store, std::uint64_t most) {
+  Statement statement(store.rdb,
+                      "SELECT rowid, ts, verb, object, result, severity FROM audit_event ORDER BY "
+                      "rowid DESC LIMIT ?");
+  statement.bind(1, static_cast<std::int64_t>(std::min<std::uint64_t>(most, INT64_MAX)));
+  std::vector<TrailRow> rows = read(std::move(statement));
+  std::reverse(rows.begin(), rows.end());
+  return rows;
+}
+
+std::vector<TrailRow> eventsAfter(const MCPStore& store, std::int64_t number) {
+  Statement statement(store.rdb,
+                      "SELECT rowid, ts, verb, object, result, severity FROM audit_event WHERE "
+                      "rowid > ? ORDER BY rowid");
+  statement.bind(1, number);
+  return read(std::move(statement));
+}
+
+}  // namespace norvast

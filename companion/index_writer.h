@@ -1,0 +1,45 @@
+// Index writer: the rows of one file, replaced or removed whole.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "companion/file_analysis.h"
+#include "companion/file_scan.h"
+#include "companion/nominations.h"
+#include "store/connection.h"
+#include "store/statement.h"
+
+namespace norvast {
+
+// Prepared once for a run of files. Each operation is false when the index could not be written;
+// the caller's transaction then must not be committed.
+class IndexWriter {
+ public:
+  explicit IndexWriter(const Connection& index);
+
+  // Replaces all rows that describe the file by new ones. Its nomination stays.
+  bool replace(const ScannedFile& file, const FileAnalysis& analysis);
+
+  bool nominate(const std::string& path, Nomination nomination);
+
+  // Removes the file's rows from every table.
+  bool remove(const std::string& path);
+
+ private:
+  bool clearDescription(const std::string& path);
+  bool insertChunks(const std::string& path, const FileAnalysis& analysis);
+
+  Statement insertFile_;
+  Statement insertAnalysis_;
+  Statement insertEmbedding_;
+  Statement insertChunk_;
+  Statement insertNomination_;
+  Statement deleteAnalysis_;
+  Statement deleteEmbedding_;
+  Statement deleteChunks_;
+  Statement deleteFile_;
+  Statement deleteNomination_;
+};
+
+}  // namespace norvast

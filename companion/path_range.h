@@ -1,0 +1,28 @@
+// Path range: a file, or a folder with everything below it, as bounds in the byte order of paths.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace norvast {
+
+// The SQL condition on a column `path` of all paths at or below one, for three text binds: the path
+// itself, the first and the first one behind those below.
+inline constexpr const char* AT_OR_BELOW = "(path = ? OR (path >= ? AND path < ?))";
+
+struct PathRange {
+  std::string path;
+  std::string firstBelow;
+  std::string firstBehind;
+
+  explicit PathRange(const std::string& root);
+
+  bool contains(std::string_view other) const;
+};
+
+// The absolute path that the index knows a user's path by: links resolved where it exists, else
+// made absolute by its text alone. Nothing when neither works.
+std::optional<std::string> indexedPath(const std::string& path);
+
+}  // namespace norvast

@@ -1,0 +1,26 @@
+// Terminal: whether a person is looking, and what may be shown to them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace norvast {
+
+// True when standard output, or standard error, is a terminal.
+bool isOutputTerminal();
+bool isErrorTerminal();
+
+enum class Colour { plain, bold, dim, yellow, red };
+
+// The text in that colour when standard output is a terminal, else as it is.
+std::string coloured(std::string_view text, Colour colour);
+
+// The text on one line and without control characters, each replaced by U+FFFD: names of files and
+// queries of clients are a stranger's words and must not steer the terminal.
+std::string printable(std::string_view text);
+
+// "1,234,567"
+std::string grouped(std::uint64_t number);
+
+}  // namespace norvast
