@@ -76,6 +76,7 @@ class EntityCounter {
     });
     if (entries.size() > MOST_ENTITIES) entries.resize(MOST_ENTITIES);
     std::vector<std::string> entities;
+    entities.reserve(entries.size());
     for (Entry& entry : entries) entities.push_back(std::move(entry.spelling));
     return entities;
   }

@@ -38,7 +38,8 @@ bool isDateLike(std::string_view word, char separator, std::size_t firstDigits,
 
 bool isEmailAddress(std::string_view word) {
   const std::size_t at = word.find('@');
-  if (at == std::string_view::npos || at == 0 || word.find('@', at + 1) != word.npos) return false;
+  if (at == std::string_view::npos || at == 0 || word.find('@', at + 1) != std::string_view::npos)
+    return false;
   const std::string_view domain = word.substr(at + 1);
   const std::size_t dot = domain.rfind('.');
   return dot != std::string_view::npos && dot > 0 && domain.size() - dot > 2;

@@ -80,8 +80,11 @@ class Scan {
     }
     struct stat status {};
     if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return;  // gone again
-    if (S_ISREG(status.st_mode)) visit_(describe(std::move(path), status));
-    if (S_ISDIR(status.st_mode)) waiting_.push_back(std::move(path));
+    if (S_ISREG(status.st_mode)) {
+      visit_(describe(std::move(path), status));
+    } else if (S_ISDIR(status.st_mode)) {
+      waiting_.push_back(std::move(path));
+    }
   }
 
   const std::function<void(ScannedFile)>& visit_;

@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdint>
+#include <cstdio>
+#include <exception>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -119,11 +121,7 @@ void defineViews(CLI::App& app, CommandLine& line) {
   config->callback([&line] { line.command = clientConfigCommand; });
 }
 
-}  // namespace
-}  // namespace norvast
-
-int main(int argc, char** argv) {
-  using namespace norvast;
+ExitStatus run(int argc, char** argv) {
   CLI::App app("Fills and steers the index that norvast_mcp answers from.", "norvast_index");
   app.require_subcommand(1);
   CommandLine line;
@@ -138,10 +136,23 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& help) {
-    return app.exit(help);
+    (void)app.exit(help);  // prints it
+    return ExitStatus::done;
   } catch (const CLI::ParseError& error) {
     std::cerr << "norvast_index: " << error.what() << " (see norvast_index --help)\n";
-    return static_cast<int>(ExitStatus::usage);
+    return ExitStatus::usage;
   }
-  return static_cast<int>(line.command());
+  return line.command();
+}
+
+}  // namespace
+}  // namespace norvast
+
+int main(int argc, char** argv) {
+  try {
+    return static_cast<int>(norvast::run(argc, argv));
+  } catch (const std::exception& error) {  // no memory is left, or a folder vanished under us
+    (void)std::fprintf(stderr, "norvast_index: %s; run it again\n", error.what());
+    return static_cast<int>(norvast::ExitStatus::failed);
+  }
 }

@@ -103,6 +103,7 @@ std::optional<std::size_t> bestSentence(const std::vector<Candidate>& candidates
 std::set<std::size_t> chooseSentences(const std::vector<Candidate>& candidates) {
   Probabilities probabilities = probabilitiesOf(candidates);
   std::vector<std::size_t> lengths;
+  lengths.reserve(candidates.size());
   for (const Candidate& candidate : candidates) lengths.push_back(countClusters(candidate.text));
 
   std::set<std::size_t> chosen;

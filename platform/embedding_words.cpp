@@ -53,18 +53,27 @@ void appendFolded(std::string_view text, std::u32string& scalars) {
   }
 }
 
-bool isAsciiByte(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+// How many leading bytes of a text are ASCII, or are not.
+std::size_t runOf(std::string_view text, bool ofAscii) {
+  std::size_t length = 0;
+  while (length < text.size() && (static_cast<unsigned char>(text[length]) < 0x80) == ofAscii) {
+    ++length;
+  }
+  return length;
+}
 
 // The folded text as scalars. ASCII is its own folding, and nothing but a mark, which is dropped,
 // joins it: so each run of other characters is folded by itself.
 std::u32string fold(std::string_view text) {
   std::u32string scalars;
   scalars.reserve(text.size());
-  for (auto at = text.begin(); at != text.end();) {
-    const auto run = std::find_if_not(at, text.end(), isAsciiByte);
-    scalars.append(at, run);
-    at = std::find_if(run, text.end(), isAsciiByte);
-    if (run != at) appendFolded({run, at}, scalars);
+  while (!text.empty()) {
+    const std::string_view ascii = text.substr(0, runOf(text, true));
+    scalars.append(ascii.begin(), ascii.end());
+    text.remove_prefix(ascii.size());
+    const std::string_view other = text.substr(0, runOf(text, false));
+    if (!other.empty()) appendFolded(other, scalars);
+    text.remove_prefix(other.size());
   }
   return scalars;
 }
