@@ -13,7 +13,6 @@
 #include <unordered_map>
 
 #include "platform/english_function_words.h"
-#include "platform/utf8.h"
 
 namespace norvast {
 namespace {
@@ -46,15 +45,26 @@ icu::UnicodeString foldUnicode(const icu::UnicodeString& source) {
   return U_FAILURE(status) != 0 ? source : folded;
 }
 
-// The folded text as scalars. ASCII is its own folding.
-std::u32string fold(std::string_view text) {
-  if (isAscii(text)) return {text.begin(), text.end()};
+void appendFolded(std::string_view text, std::u32string& scalars) {
   const icu::UnicodeString folded = foldUnicode(icu::UnicodeString::fromUTF8(
       icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size()))));
-  std::u32string scalars;
-  scalars.reserve(static_cast<std::size_t>(folded.length()));
   for (std::int32_t at = 0; at < folded.length(); at = folded.moveIndex32(at, 1)) {
     scalars.push_back(static_cast<char32_t>(folded.char32At(at)));
+  }
+}
+
+bool isAsciiByte(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+// The folded text as scalars. ASCII is its own folding, and nothing but a mark, which is dropped,
+// joins it: so each run of other characters is folded by itself.
+std::u32string fold(std::string_view text) {
+  std::u32string scalars;
+  scalars.reserve(text.size());
+  for (auto at = text.begin(); at != text.end();) {
+    const auto run = std::find_if_not(at, text.end(), isAsciiByte);
+    scalars.append(at, run);
+    at = std::find_if(run, text.end(), isAsciiByte);
+    if (run != at) appendFolded({run, at}, scalars);
   }
   return scalars;
 }

@@ -14,6 +14,14 @@ struct CloseText {
   void operator()(UText* text) const { utext_close(text); }
 };
 
+// One iterator serves all: making one takes longer than cutting most texts.
+icu::BreakIterator* sentenceBoundaries() {
+  UErrorCode status = U_ZERO_ERROR;
+  static const std::unique_ptr<icu::BreakIterator> BOUNDARIES(
+      icu::BreakIterator::createSentenceInstance(icu::Locale::getEnglish(), status));
+  return BOUNDARIES.get();
+}
+
 std::string_view trimmed(std::string_view text) {
   constexpr std::string_view BLANKS = " \t\r\n\f\v";
   const std::size_t first = text.find_first_not_of(BLANKS);
@@ -28,9 +36,8 @@ std::vector<std::string_view> sentencesOf(std::string_view text) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UText, CloseText> source(
       utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
-  const std::unique_ptr<icu::BreakIterator> boundaries(
-      icu::BreakIterator::createSentenceInstance(icu::Locale::getEnglish(), status));
-  if (U_FAILURE(status) != 0) return sentences;
+  icu::BreakIterator* boundaries = sentenceBoundaries();
+  if (boundaries == nullptr || U_FAILURE(status) != 0) return sentences;
   boundaries->setText(source.get(), status);
 
   std::size_t start = 0;

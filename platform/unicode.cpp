@@ -17,35 +17,63 @@
 namespace norvast {
 namespace {
 
-// Calls `visit` with the end of each cluster, in bytes, until it answers false. In ASCII only a
-// carriage return and line feed make one cluster of two characters (rule GB3).
-template <typename Visit>
-void walkAscii(std::string_view text, Visit visit) {
-  for (std::size_t end = 0; end < text.size();) {
-    end += text.substr(end).starts_with("\r\n") ? 2 : 1;
-    if (!visit(end)) return;
-  }
+// The bytes of the simple character at `at`: one below U+0300 or from U+2010 to U+20CF, none of
+// which joins a neighbour that is simple too, but for a carriage return and line feed (rule GB3). 0
+// for any other character and at the end.
+std::size_t simpleLength(std::string_view text, std::size_t at) {
+  const auto byte = [text, at](std::size_t offset) {
+    return at + offset < text.size() ? static_cast<unsigned char>(text[at + offset]) : 0;
+  };
+  const int lead = byte(0);
+  if (lead < 0x80) return at == text.size() ? 0 : lead == '\r' && byte(1) == '\n' ? 2 : 1;
+  if (lead >= 0xC2 && lead <= 0xCB && byte(1) >= 0x80) return 2;
+  const bool isSimple = lead == 0xE2 && byte(2) >= 0x80 &&
+                        ((byte(1) == 0x80 && byte(2) >= 0x90) || byte(1) == 0x81 ||
+                         byte(1) == 0x82 || (byte(1) == 0x83 && byte(2) <= 0x8F));
+  return isSimple ? 3 : 0;
 }
 
 struct CloseText {
   void operator()(UText* text) const { utext_close(text); }
 };
 
-template <typename Visit>
-void walk(std::string_view text, Visit visit) {
-  if (isAscii(text)) return walkAscii(text, visit);
-
+// One iterator serves all: making one takes longer than walking most texts.
+icu::BreakIterator* clusterBoundaries() {
   UErrorCode status = U_ZERO_ERROR;
-  const std::unique_ptr<UText, CloseText> source(
-      utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
-  const std::unique_ptr<icu::BreakIterator> boundaries(
+  static const std::unique_ptr<icu::BreakIterator> BOUNDARIES(
       icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-  if (U_FAILURE(status) != 0) return walkAscii(text, visit);  // no Unicode data: count bytes
-  boundaries->setText(source.get(), status);
+  return BOUNDARIES.get();
+}
+
+// By the rules of UAX #29, from a boundary on.
+template <typename Visit>
+void walkByRules(std::string_view text, std::size_t start, Visit visit) {
+  UErrorCode status = U_ZERO_ERROR;
+  icu::BreakIterator* boundaries = clusterBoundaries();
+  const std::unique_ptr<UText, CloseText> source(utext_openUTF8(
+      nullptr, text.data() + start, static_cast<std::int64_t>(text.size() - start), &status));
+  if (boundaries != nullptr) boundaries->setText(source.get(), status);
+  if (boundaries == nullptr || U_FAILURE(status) != 0) return;
   for (std::int32_t end = boundaries->next(); end != icu::BreakIterator::DONE;
        end = boundaries->next()) {
-    if (!visit(static_cast<std::size_t>(end))) return;
+    if (!visit(start + static_cast<std::size_t>(end))) return;
   }
+}
+
+// Calls `visit` with the end of each cluster, in bytes, until it answers false. A simple character
+// ends a cluster when what follows it is simple; else the rules go on from it, as nothing before it
+// bears on them.
+template <typename Visit>
+void walk(std::string_view text, Visit visit) {
+  std::size_t start = 0;
+  for (std::size_t length = simpleLength(text, 0); length > 0;) {
+    const std::size_t end = start + length;
+    length = simpleLength(text, end);
+    if (length == 0 && end < text.size()) break;
+    if (!visit(end)) return;
+    start = end;
+  }
+  if (start < text.size()) walkByRules(text, start, visit);
 }
 
 icu::UnicodeString utf16(std::string_view text) {

@@ -1,0 +1,15 @@
+install(FILES man/norvast_mcp.1 man/norvast_index.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME norvast-mcp)
+set(CPACK_PACKAGE_CONTACT "The norvast_mcp maintainers <maintainers@norvast.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Lets AI clients look at the files that you chose")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+# The libraries that the programs link; besides, the recogniser's model, which is opened by name.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "tesseract-ocr-eng")
+include(CPack)
