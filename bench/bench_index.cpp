@@ -51,6 +51,14 @@ void BenchIndex::execute(const std::string& sql) const {
   if (!Statement(connection_, sql).run()) std::fprintf(stderr, "failed: %s\n", sql.c_str());
 }
 
+std::string BenchIndex::addFile(const std::string& name, const std::string& bytes) const {
+  std::string path = home_ / name;
+  std::ofstream(path, std::ios::binary) << bytes;
+  Statement statement(connection_, "INSERT INTO mcp_exposure VALUES(?, 1)", std::span(&path, 1));
+  if (!statement.run()) std::fprintf(stderr, "failed: nominate %s\n", path.c_str());
+  return path;
+}
+
 std::vector<float> BenchIndex::randomVector() {
   std::normal_distribution<float> normal;
   std::vector<float> values(512);

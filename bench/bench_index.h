@@ -29,6 +29,9 @@ class BenchIndex {
 
   void addSwitchFile(const std::string& name) const;
 
+  // A file of that name and these bytes in the home folder, nominated with content; its path.
+  std::string addFile(const std::string& name, const std::string& bytes) const;
+
  private:
   void execute(const std::string& sql) const;
   std::vector<float> randomVector();

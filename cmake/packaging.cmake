@@ -12,4 +12,6 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 # The libraries that the programs link; besides, the recogniser's model, which is opened by name.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "tesseract-ocr-eng")
+# Without it, PDFs in Asian languages whose fonts are not embedded give no text.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "poppler-data")
 include(CPack)

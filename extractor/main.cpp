@@ -1,46 +1,37 @@
 // norvast_extract KIND LIMIT: writes to standard output the text of the PDF ("pdf") or image
 // ("image") on standard input, at most LIMIT characters of it. Exit status 0 means that all of it
 // was written; any other end, that there is none. Started by norvast_mcp, which trusts it nothing.
-#include <fcntl.h>
 #include <unistd.h>
 
-#include <exception>
-#include <span>
+#include <string_view>
 
-#include "extractor/extraction.h"
-#include "extractor/lock_in.h"
+#include "extractor/extraction_program.h"
+#include "extractor/pdf_extraction.h"
+#include "platform/installed_program.h"
 
 namespace norvast {
 namespace {
 
-// Takes standard output for ourselves: what a library prints there or as an error goes nowhere.
-Descriptor takeOutput() {
-  Descriptor output(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-  const Descriptor nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC));
-  if (!nowhere || dup2(nowhere.number(), STDOUT_FILENO) < 0 ||
-      dup2(nowhere.number(), STDERR_FILENO) < 0) {
-    return Descriptor();
-  }
-  return output;
+// Becomes the program that reads images, with its own limit still to set. Its libraries would take
+// more time to load than a short PDF to read. Returns only on failure.
+int extractImageElsewhere(char* limit) {
+  auto program = installedProgram("norvast_extract_image");
+  if (!program) return 1;
+  char* const arguments[] = {program->data(), limit, nullptr};
+  (void)execv(program->c_str(), arguments);
+  return 1;
 }
 
-bool run(std::span<const char* const> arguments, const Descriptor& output) try {
-  const auto request = parseRequest(arguments);
-  if (!request || !output || !limitExtractor(output)) return false;
-  const auto text = extractText(*request, Descriptor(STDIN_FILENO));
-  return text && output.write(*text);
-} catch (const std::exception&) {
-  return false;
+int run(std::string_view kind, char* limit) {
+  if (kind == "pdf") return runExtraction(extractPdf, limit);
+  if (kind == "image") return extractImageElsewhere(limit);
+  return 1;
 }
 
 }  // namespace
 }  // namespace norvast
 
 int main(int count, char** arguments) {
-  using namespace norvast;
-  const std::span all(arguments, static_cast<std::size_t>(count));
-  const Descriptor output = takeOutput();  // open until the end, which its reader waits for
-  const bool done = !all.empty() && run(all.subspan(1), output);
   // The memory goes with the process; taking it apart first would only cost time.
-  _exit(done ? 0 : 1);
+  _exit(count == 3 ? norvast::run(arguments[1], arguments[2]) : 1);
 }
