@@ -53,7 +53,7 @@ FileAnalysis analyseFile(const std::string& path,
     analysis.entities = lines(findEntities(text));
     for (std::string& passage : cutPassages(text)) {
       std::vector<float> vec = vectorOf(sentence, passage);
-      analysis.passages.push_back({std::move(passage), std::move(vec)});
+      if (!vec.empty()) analysis.passages.push_back({std::move(passage), std::move(vec)});
     }
     leading.append("\n").append(analysis.summary).append("\n");
     leading.append(firstClusters(text, LEADING_CHARACTERS));

@@ -11,7 +11,7 @@ namespace norvast {
 
 struct Passage {
   std::string text;
-  std::vector<float> vec;  // empty when the text has no vector
+  std::vector<float> vec;
 };
 
 struct FileAnalysis {
@@ -20,7 +20,7 @@ struct FileAnalysis {
   std::string entities;    // one a line, most frequent first
   std::string method;      // by which the text was taken
   std::vector<float> vec;  // of name, summary and leading text together; empty when there is none
-  std::vector<Passage> passages;
+  std::vector<Passage> passages;  // those with a vector: a row of dashes can be found by nobody
 };
 
 // Analyses the file at `path`: a bounded part of its text, taken as the server takes it, PDFs and

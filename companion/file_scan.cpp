@@ -5,10 +5,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <string_view>
 
 #include "access/sensitive_path.h"
+#include "platform/descriptor.h"
 #include "platform/utf8.h"
 
 namespace norvast {
@@ -17,6 +19,20 @@ namespace {
 struct CloseFolder {
   void operator()(DIR* folder) const { (void)closedir(folder); }
 };
+
+using Folder = std::unique_ptr<DIR, CloseFolder>;
+
+// A folder that may have become a link in the meantime is not entered.
+Folder openFolder(const std::string& path) {
+  Descriptor opened(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!opened) return nullptr;
+  Folder folder(fdopendir(opened.number()));
+  if (folder) (void)opened.release();
+  return folder;
+}
+
+// Whether the last call failed because nothing of the kind is there any more.
+bool isGone() { return errno == ENOENT || errno == ENOTDIR || errno == ELOOP; }
 
 bool isUsable(std::string_view name) {
   return name.find_first_of("\n\r") == std::string_view::npos &&
@@ -33,10 +49,17 @@ class Scan {
       : visit_(visit), report_(report) {}
 
   void run(const std::string& root) {
-    struct stat status {};
-    if (lstat(root.c_str(), &status) != 0) return;
     if (isSensitive(root)) {
       ++report_.sensitivePaths;
+      return;
+    }
+    if (!isUsable(root)) {
+      ++report_.unusableNames;
+      return;
+    }
+    struct stat status {};
+    if (lstat(root.c_str(), &status) != 0) {
+      if (!isGone()) report_.unreadableFolders.push_back(root);
       return;
     }
     if (S_ISREG(status.st_mode)) visit_(describe(root, status));
@@ -50,41 +73,47 @@ class Scan {
 
  private:
   void scanFolder(const std::string& path) {
-    const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
+    const Folder folder = openFolder(path);
     if (!folder) {
-      report_.unreadableFolders.push_back(path);
+      if (!isGone()) report_.unreadableFolders.push_back(path);
       return;
     }
+    bool isReadable = true;
+    errno = 0;  // the end of the folder leaves it so
     while (const dirent* entry = readdir(folder.get())) {
-      scanEntry(path, dirfd(folder.get()), *entry);
+      isReadable = scanEntry(path, dirfd(folder.get()), *entry) && isReadable;
+      errno = 0;
     }
+    if (errno != 0 || !isReadable) report_.unreadableFolders.push_back(path);
   }
 
-  void scanEntry(const std::string& parent, int folder, const dirent& entry) {
+  // False when the entry may be one to index but cannot be looked at.
+  bool scanEntry(const std::string& parent, int folder, const dirent& entry) {
     const std::string_view name = entry.d_name;
-    if (name.starts_with('.')) return;
-    if (entry.d_type != DT_REG && entry.d_type != DT_DIR && entry.d_type != DT_UNKNOWN) return;
+    if (name.starts_with('.')) return true;
+    if (entry.d_type != DT_REG && entry.d_type != DT_DIR && entry.d_type != DT_UNKNOWN) return true;
     std::string path = parent == "/" ? parent : parent + "/";
     path += name;
     if (isSensitive(path)) {
       ++report_.sensitivePaths;
-      return;
+      return true;
     }
     if (!isUsable(name)) {
       ++report_.unusableNames;
-      return;
+      return true;
     }
     if (entry.d_type == DT_DIR) {
       waiting_.push_back(std::move(path));
-      return;
+      return true;
     }
     struct stat status {};
-    if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return;  // gone again
+    if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return isGone();
     if (S_ISREG(status.st_mode)) {
       visit_(describe(std::move(path), status));
     } else if (S_ISDIR(status.st_mode)) {
       waiting_.push_back(std::move(path));
     }
+    return true;
   }
 
   const std::function<void(ScannedFile)>& visit_;

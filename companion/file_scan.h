@@ -19,8 +19,8 @@ struct ScannedFile {
 
 // What a scan passed over for a reason that the user should hear of.
 struct ScanReport {
-  std::vector<std::string> unreadableFolders;
-  std::uint64_t unusableNames = 0;  // with a line break or bytes that are not UTF-8
+  std::vector<std::string> unreadableFolders;  // wholly or in part
+  std::uint64_t unusableNames = 0;             // with a line break or bytes that are not UTF-8
   std::uint64_t sensitivePaths = 0;
 };
 

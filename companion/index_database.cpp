@@ -1,9 +1,12 @@
 #include "companion/index_database.h"
 
-#include <sys/stat.h>
-
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <string_view>
 #include <system_error>
 
 #include "platform/folders.h"
@@ -31,6 +34,19 @@ constexpr std::array SCHEMA = {
     "object TEXT NOT NULL, result TEXT NOT NULL, severity TEXT NOT NULL)",
 };
 
+// Of the header that begins each database file: its length, its first bytes, and where two numbers
+// lie that the maker of the database sets, most significant byte first.
+constexpr std::size_t HEADER_BYTES = 100;
+constexpr std::string_view HEADER_START("SQLite format 3\0", 16);
+constexpr std::size_t USER_VERSION_AT = 60;
+constexpr std::size_t APPLICATION_ID_AT = 68;
+
+std::int64_t bigEndian(const char* bytes) {
+  std::uint32_t number = 0;
+  for (int at = 0; at < 4; ++at) number = number << 8 | static_cast<unsigned char>(bytes[at]);
+  return number;
+}
+
 bool run(const Connection& connection, const std::string& sql) {
   return Statement(connection, sql).run();
 }
@@ -41,24 +57,35 @@ std::int64_t number(const Connection& connection, const std::string& sql) {
   return statement.step() ? statement.integer(0) : -1;
 }
 
+// Before write-ahead mode, so that the main file itself says from the first byte on whose it is.
 bool createTables(const Connection& connection) {
   Transaction transaction(connection);
-  for (const char* table : SCHEMA) {
-    if (!run(connection, table)) return false;
-  }
-  return run(connection, "PRAGMA application_id = " + std::to_string(INDEX_APPLICATION_ID)) &&
+  return transaction &&
+         std::all_of(SCHEMA.begin(), SCHEMA.end(),
+                     [&](const char* table) { return run(connection, table); }) &&
+         run(connection, "PRAGMA application_id = " + std::to_string(INDEX_APPLICATION_ID)) &&
          run(connection, "PRAGMA user_version = " + std::to_string(INDEX_VERSION)) &&
          transaction.commit();
 }
 
-// Why the tables that are there are none of ours, or an empty text.
-std::string objection(const Connection& connection, const std::string& path) {
-  if (number(connection, "PRAGMA application_id") != INDEX_APPLICATION_ID) {
+// Why the file at `path` must not be opened for writing, or an empty text. Opened with SQLite, a
+// database that is not ours would already be changed: its write-ahead log would be worked off. So
+// this looks at the bytes of its header (https://www.sqlite.org/fileformat.html, section 1.3).
+std::string objection(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::array<char, HEADER_BYTES> header{};
+  file.read(header.data(), header.size());
+  if (file.gcount() == 0) return {};  // new, or left so by an interruption
+
+  if (!std::string_view(header.data(), header.size()).starts_with(HEADER_START)) {
+    return "The index at " + path + " is no database; it is left as it is. Move it away.";
+  }
+  if (bigEndian(&header[APPLICATION_ID_AT]) != INDEX_APPLICATION_ID) {
     return "The index at " + path +
            " was not made by norvast_index; it is left as it is. Use the program that made it, or "
            "move it away.";
   }
-  if (number(connection, "PRAGMA user_version") != INDEX_VERSION) {
+  if (bigEndian(&header[USER_VERSION_AT]) != INDEX_VERSION) {
     return "The index at " + path +
            " is of another version of norvast_index; it is left as it is. Move it away and index "
            "anew.";
@@ -74,28 +101,21 @@ std::variant<Connection, std::string> openIndex() {
 
   std::error_code failure;
   const std::filesystem::path folder = std::filesystem::path(*path).parent_path();
-  const bool isNewFolder = std::filesystem::create_directories(folder, failure);
+  std::filesystem::create_directories(folder, failure);
   if (failure) return "Cannot create " + folder.string() + ": " + failure.message() + ".";
-  if (isNewFolder) (void)chmod(folder.c_str(), S_IRWXU);
   if (fileExists(*path) && !regularFileExists(*path)) return *path + " is not a file.";
+  if (std::string why = objection(*path); !why.empty()) return why;
 
-  const mode_t before = umask(S_IRWXG | S_IRWXO);
   Connection connection = Connection::openReadWrite(*path);
-  (void)umask(before);
   if (!connection) return "Cannot open the index at " + *path + ".";
 
   const std::int64_t tables = number(connection, "SELECT COUNT(*) FROM sqlite_schema");
-  if (tables < 0) return "The index at " + *path + " is no database, or another program holds it.";
-  if (tables == 0 && number(connection, "PRAGMA application_id") == 0) {
-    if (!run(connection, "PRAGMA journal_mode = WAL") || !createTables(connection)) {
-      return "Cannot write the index at " + *path + ".";
-    }
-  }
-  if (std::string why = objection(connection, *path); !why.empty()) return why;
-  (void)run(connection,
-            "PRAGMA journal_mode = WAL");  // as it was made; kept when that is not possible
-  (void)run(connection,
-            "PRAGMA synchronous = NORMAL");  // a power cut may lose a batch, never the rest
+  if (tables < 0) return "The index at " + *path + " is damaged, or another program holds it.";
+  if (tables == 0 && !createTables(connection)) return "Cannot write the index at " + *path + ".";
+  // Both are kept as they were where they are not possible. A power cut may then lose a batch that
+  // was written, never the rest.
+  (void)run(connection, "PRAGMA journal_mode = WAL");
+  (void)run(connection, "PRAGMA synchronous = NORMAL");
   return connection;
 }
 

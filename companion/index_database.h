@@ -12,8 +12,8 @@ namespace norvast {
 inline constexpr int INDEX_APPLICATION_ID = 0x4E6F7276;
 inline constexpr int INDEX_VERSION = 1;
 
-// The index of this user, open for writing; it and its folder are created when they are missing,
-// for the user's eyes only. In write-ahead mode, so that a running server goes on reading. Or, in
+// The index of this user, open for writing; it and its folder are created when they are missing.
+// In write-ahead mode, so that a running server goes on reading. Or, in
 // one sentence for the user, why it cannot be used: it is then left untouched.
 std::variant<Connection, std::string> openIndex();
 
@@ -25,7 +25,11 @@ class Transaction {
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
-  // False when the transaction could not begin or be committed; nothing of it was then kept.
+  // False when it could not begin, for another program holds the index or the disk is full. Nothing
+  // may be written then: each statement would be kept on its own.
+  explicit operator bool() const { return isOpen_; }
+
+  // False when it could not be committed; nothing of it was then kept.
   bool commit();
 
  private:

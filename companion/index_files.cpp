@@ -171,7 +171,7 @@ class Indexing {
   template <typename Write>
   bool inTransaction(Write write) {
     Transaction transaction(index_);
-    const bool isWritten = write() && transaction.commit();
+    const bool isWritten = transaction && write() && transaction.commit();
     report.isComplete = report.isComplete && isWritten;
     return isWritten;
   }

@@ -1,4 +1,6 @@
 // norvast_index: fills and steers the index where the desktop app does not run.
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
 
 #include <cstdint>
@@ -149,6 +151,7 @@ ExitStatus run(int argc, char** argv) {
 }  // namespace norvast
 
 int main(int argc, char** argv) {
+  (void)umask(S_IRWXG | S_IRWXO);  // what it creates, texts of files in it, is for the user alone
   try {
     return static_cast<int>(norvast::run(argc, argv));
   } catch (const std::exception& error) {  // no memory is left, or a folder vanished under us

@@ -42,6 +42,7 @@ std::optional<std::uint64_t> withdraw(const Connection& index, const std::string
 std::optional<std::uint64_t> removeFromIndex(const Connection& index, const std::string& path) {
   const PathRange range(path);
   Transaction transaction(index);
+  if (!transaction) return std::nullopt;
   for (const char* table : {"mcp_exposure", "analysis", "embedding", "chunk"}) {
     if (!change(index, std::string("DELETE FROM ") + table + " WHERE ", range)) return std::nullopt;
   }

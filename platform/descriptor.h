@@ -23,6 +23,8 @@ class Descriptor {
   Descriptor& operator=(const Descriptor&) = delete;
 
   int number() const { return number_; }
+  // Gives the descriptor up to another owner.
+  int release() { return std::exchange(number_, -1); }
   explicit operator bool() const { return number_ >= 0; }
 
   // Reads what there is, at most `into.size()` bytes, and waits for the first of them. 0 at the

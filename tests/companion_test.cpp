@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,9 @@
 
 #include "companion/file_scan.h"
 #include "companion/type_group.h"
+#include "store/connection.h"
+#include "store/statement.h"
+#include "tests/file_bytes.h"
 #include "tests/server_session.h"
 #include "tests/test_home.h"
 
@@ -23,10 +27,13 @@ struct Outcome {
   std::string output;  // standard output and standard error together
 };
 
-// Runs norvast_index with that home folder. The arguments are shell words.
+// Runs norvast_index with that home folder, bound by permissions even where the tests run as root.
+// The arguments are shell words.
 Outcome index(const TestHome& home, const std::string& arguments) {
-  const std::string command =
-      "HOME='" + home.path().string() + "' '" NORVAST_INDEX "' " + arguments + " 2>&1";
+  const std::string launcher =
+      geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
+  const std::string command = "HOME='" + home.path().string() + "' " + launcher +
+                              "'" NORVAST_INDEX "' " + arguments + " 2>&1";
   FILE* pipe = popen(command.c_str(), "r");
   Outcome outcome;
   std::array<char, 4096> block{};
@@ -113,6 +120,63 @@ TEST(IndexAdd, KeepsUpWithChangesAndNominations) {
   EXPECT_EQ(counts(index(home, "add " + quoted)),
             "indexed 0, unchanged 1, removed 1, without text 0, failed 0");
   EXPECT_EQ(index(home, "add --quiet " + quoted).output, "");
+}
+
+TEST(IndexAdd, KeepsWhatItCannotLookAt) {
+  const TestHome home;
+  const auto docs = home.path() / "docs";
+  for (const char* name : {"a", "listed/b", "closed/c", "open/d"}) home.writeFile(docs / name, "1");
+  const std::string command = "add --nominate content '" + docs.string() + "'";
+  ASSERT_EQ(index(home, command).status, 0);
+
+  using std::filesystem::perms;
+  std::filesystem::permissions(docs / "listed", perms::owner_read);  // its names, and no more
+  std::filesystem::permissions(docs / "closed", perms::none);
+  std::filesystem::remove(docs / "open/d");
+  const Outcome outcome = index(home, command);
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(home.query("SELECT name FROM file JOIN mcp_exposure USING(path) ORDER BY name"),
+            Rows({"a", "b", "c"}));
+  for (const char* folder : {"/listed\n", "/closed\n"}) {
+    const std::string line = "no permission to open: " + docs.string() + folder;
+    EXPECT_NE(outcome.output.find(line), std::string::npos) << outcome.output;
+  }
+  for (const char* folder : {"listed", "closed"})
+    std::filesystem::permissions(docs / folder, perms::owner_all);
+}
+
+TEST(IndexAdd, LeavesOutRootsThatTheIndexCannotName) {
+  const TestHome home;
+  home.writeFile(home.path() / "line\nbreak/a.txt", "1");
+  home.writeFile(home.path() / "latin\xE9.txt", "1");
+  const std::string base = "'" + home.path().string();
+  const Outcome outcome = index(home, "add " + base + "/line\nbreak' " + base + "/latin\xE9.txt'");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_NE(outcome.output.find("left out: 2 names"), std::string::npos) << outcome.output;
+  EXPECT_EQ(home.query("SELECT path FROM file"), Rows());
+}
+
+TEST(IndexAdd, KeepsPassagesThatHaveAVector) {
+  const TestHome home;
+  home.writeFile(home.path() / "docs/---.txt", "-----\n");
+  home.writeFile(home.path() / "docs/a.txt",
+                 "First.\n\n" + std::string(2000, '-') + "\n\nSecond.\n");
+  EXPECT_EQ(index(home, "add '" + home.path().string() + "/docs'").status, 0);
+  EXPECT_EQ(home.query("SELECT name FROM file ORDER BY name"), Rows({"---.txt", "a.txt"}));
+  EXPECT_EQ(home.query("SELECT count(*) = max(ord) + 1, min(length(vec)) FROM chunk"),
+            Rows({"1|2048"}));
+}
+
+TEST(IndexAdd, CreatesWhatOnlyItsUserMayRead) {
+  const TestHome home;
+  std::filesystem::remove_all(home.norvastFolder());
+  home.writeFile(home.path() / "docs/a.txt", "1");
+  ASSERT_EQ(index(home, "access off").status, 0);
+  ASSERT_EQ(index(home, "add '" + home.path().string() + "/docs'").status, 0);
+  const auto others = std::filesystem::perms::group_all | std::filesystem::perms::others_all;
+  for (const auto& path : {home.norvastFolder(), home.database()}) {
+    EXPECT_EQ(std::filesystem::status(path).permissions() & others, std::filesystem::perms::none);
+  }
 }
 
 TEST(IndexAdd, FillsEveryTableThatTheServerReads) {
@@ -239,14 +303,32 @@ TEST(IndexAdd, RefusesADatabaseThatIsNotItsOwn) {
                           "user_version = 2"}) {
     std::filesystem::remove(home.database());
     home.execute(sql);
-    const auto before = std::filesystem::last_write_time(home.database());
+    const std::string before = fileBytes(home.database());
     const Outcome outcome = index(home, command);
     EXPECT_EQ(outcome.status, 1) << sql;
     EXPECT_NE(outcome.output.find("it is left as it is"), std::string::npos) << outcome.output;
-    EXPECT_EQ(std::filesystem::last_write_time(home.database()), before);
+    EXPECT_EQ(fileBytes(home.database()), before) << sql;
   }
   home.writeFile(home.database(), std::string(10000, 'x'));
   EXPECT_NE(index(home, command).output.find("is no database"), std::string::npos);
+}
+
+TEST(IndexAdd, LeavesTheLogOfAnotherDatabaseAsItIs) {
+  const TestHome home;
+  home.execute("PRAGMA journal_mode = WAL; CREATE TABLE file(path)");
+  // As a program leaves it that was killed before its log was worked off.
+  const TestHome other;
+  const auto log = home.database().string() + "-wal";
+  const Connection writer = Connection::openReadWrite(home.database());
+  ASSERT_TRUE(Statement(writer, "INSERT INTO file VALUES('/a')").run());
+  other.writeFile(other.database(), fileBytes(home.database()));
+  other.writeFile(other.database().string() + "-wal", fileBytes(log));
+
+  for (const char* command : {"add .", "nominate .", "remove .", "status", "audit"}) {
+    (void)index(other, command);
+    EXPECT_EQ(fileBytes(other.database()), fileBytes(home.database())) << command;
+    EXPECT_EQ(fileBytes(other.database().string() + "-wal"), fileBytes(log)) << command;
+  }
 }
 
 TEST(FileName, HasItsExtensionBehindTheLastDot) {
