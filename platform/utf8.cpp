@@ -2,8 +2,9 @@
 
 #include <unicode/utf8.h>
 
-#include <algorithm>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace norvast {
 namespace {
@@ -18,34 +19,31 @@ bool nextCharacter(std::string_view bytes, std::size_t& at) {
   return character >= 0;
 }
 
-// How many bytes from `at` are ASCII, rounded down to whole blocks, which a compiler tests with few
-// instructions.
-std::size_t asciiRun(std::string_view bytes, std::size_t at) {
-  constexpr std::size_t BLOCK = 64;
-  std::size_t end = at;
-  for (; bytes.size() - end >= BLOCK; end += BLOCK) {
-    unsigned char all = 0;
-    for (std::size_t byte = 0; byte < BLOCK; ++byte) {
-      all = static_cast<unsigned char>(all | static_cast<unsigned char>(bytes[end + byte]));
-    }
-    if (all >= 0x80) break;
+// Moves `at` to the first byte from there that is not ASCII, or to the end, eight bytes at a time.
+void skipAscii(std::string_view bytes, std::size_t& at) {
+  std::uint64_t word = 0;
+  for (; bytes.size() - at >= sizeof word; at += sizeof word) {
+    std::memcpy(&word, bytes.data() + at, sizeof word);
+    word &= 0x8080808080808080;
+    if (word == 0) continue;
+    constexpr bool IS_LITTLE = std::endian::native == std::endian::little;
+    at += static_cast<std::size_t>(IS_LITTLE ? std::countr_zero(word) : std::countl_zero(word)) / 8;
+    return;
   }
-  return end - at;
+  while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80) ++at;
 }
 
 }  // namespace
 
 bool isAscii(std::string_view bytes) {
-  const std::size_t run = asciiRun(bytes, 0);
-  return std::all_of(bytes.begin() + static_cast<std::ptrdiff_t>(run), bytes.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  std::size_t at = 0;
+  skipAscii(bytes, at);
+  return at == bytes.size();
 }
 
 std::size_t validUtf8Length(std::string_view bytes) {
-  std::size_t at = 0;
-  for (;;) {
-    at += asciiRun(bytes, at);
-    while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80) ++at;
+  for (std::size_t at = 0;;) {
+    skipAscii(bytes, at);
     if (at == bytes.size()) return at;
     const std::size_t start = at;
     if (!nextCharacter(bytes, at)) return start;
