@@ -8,8 +8,8 @@
 
 namespace norvast {
 
-// How many rows are summed side by side: two registers of eight lanes, so that the additions of
-// one go on while those of the other wait for their predecessors.
+// How many rows are summed side by side: four registers of four lanes, so that the additions of one
+// go on while those of the others wait for their predecessors.
 inline constexpr std::size_t ROWS_A_GROUP = 16;
 
 // One query vector, its norm taken once.
