@@ -31,6 +31,7 @@ BenchIndex::BenchIndex() {
   (void)setenv("HOME", home_.c_str(), 1);
   const std::filesystem::path database = indexDatabasePath().value();
   std::filesystem::create_directories(database.parent_path());
+  useSqliteFromOneThread();  // as the server does
   connection_ = Connection::openReadWrite(database);
   execute("PRAGMA journal_mode = WAL");
   execute("PRAGMA synchronous = OFF");
