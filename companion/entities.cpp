@@ -24,17 +24,16 @@ struct Word {
   bool isClosed = false;  // punctuation behind it: no name goes on
 };
 
+bool endsSentence(char character) {
+  return character == '.' || character == '!' || character == '?' || character == ':';
+}
+
 std::vector<Word> wordsOf(std::string_view line) {
-  constexpr std::string_view BLANKS = " \t";
   constexpr std::string_view OPENING = "([{\"'<*_`“„‘«";
   constexpr std::string_view CLOSING = ".,;:!?)]}\"'>*_`”“’»";
   std::vector<Word> words;
   bool opensSentence = true;
-  for (std::size_t at = line.find_first_not_of(BLANKS); at != std::string_view::npos;
-       at = line.find_first_not_of(BLANKS, at)) {
-    const std::size_t end = std::min(line.find_first_of(BLANKS, at), line.size());
-    const std::string_view raw = line.substr(at, end - at);
-    at = end;
+  for (const std::string_view raw : wordsBetweenBlanks(line)) {
     const std::size_t first = raw.find_first_not_of(OPENING);
     const std::size_t last = raw.find_last_not_of(CLOSING);
     const bool isWord =
@@ -45,13 +44,34 @@ std::vector<Word> wordsOf(std::string_view line) {
     } else if (!words.empty()) {
       words.back().isClosed = true;
     }
-    opensSentence = raw.find_last_of(".!?:") == raw.size() - 1;
+    opensSentence = endsSentence(raw.back());
   }
   return words;
 }
 
+bool isProgramSign(char character) {
+  switch (character) {
+    case '{':
+    case '}':
+    case '(':
+    case ')':
+    case ';':
+    case '=':
+    case '<':
+    case '>':
+    case '[':
+    case ']':
+    case '\\':
+    case '|':
+    case '_':
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool looksLikeProgram(std::string_view line) {
-  return line.find_first_of("{}();=<>[]\\|_") != std::string_view::npos ||
+  return std::any_of(line.begin(), line.end(), isProgramSign) ||
          std::count(line.begin(), line.end(), ',') > 5;
 }
 

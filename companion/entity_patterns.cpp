@@ -46,12 +46,13 @@ bool isEmailAddress(std::string_view word) {
 }
 
 bool isWebAddress(std::string_view word) {
-  return (word.starts_with("http://") && word.size() > 10) ||
-         (word.starts_with("https://") && word.size() > 11) ||
-         (word.starts_with("www.") && word.size() > 8);
+  return word.size() > 8 &&
+         ((word.starts_with("http://") && word.size() > 10) ||
+          (word.starts_with("https://") && word.size() > 11) || word.starts_with("www."));
 }
 
 bool isNumericDate(std::string_view word) {
+  if (word.empty() || !isDigit(word.front())) return false;
   return isDateLike(word, '-', 4, 2) || isDateLike(word, '.', 2, 4) || isDateLike(word, '/', 2, 4);
 }
 
@@ -60,10 +61,11 @@ bool isMonth(std::string_view word) {
       "January",   "February", "March",    "April",    "May",  "June", "July", "August",
       "September", "October",  "November", "December", "Jan",  "Feb",  "Mar",  "Apr",
       "Jun",       "Jul",      "Aug",      "Sep",      "Sept", "Oct",  "Nov",  "Dec"};
-  return contains(MONTHS, word);
+  return word.size() >= 3 && word.front() >= 'A' && word.front() <= 'S' && contains(MONTHS, word);
 }
 
 bool isDayOfMonth(std::string_view word) {
+  if (word.empty() || !isDigit(word.front())) return false;
   for (const std::string_view ordinal : {"st", "nd", "rd", "th"}) {
     if (word.ends_with(ordinal)) word.remove_suffix(ordinal.size());
   }

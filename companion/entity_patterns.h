@@ -11,7 +11,7 @@ bool isWebAddress(std::string_view word);
 // 2026-05-14, 14.05.2026, 5/14/2026.
 bool isNumericDate(std::string_view word);
 
-// The English name of a month, or its first three letters.
+// The English name of a month, or its usual three or four letters.
 bool isMonth(std::string_view word);
 
 // 1 to 31, also as 1st, 2nd, 3rd, 4th.

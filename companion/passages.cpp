@@ -30,16 +30,18 @@ bool isClusterBoundary(std::string_view text, std::size_t at) {
   return firstClusters(text, countClusters(text.substr(0, at))).size() == at;
 }
 
-// The end of the piece that begins the window, of which `full` bytes fit.
+// The end of the piece that begins the window, of which `full` bytes fit: in the latter half of
+// them, so that no piece is short for the sake of its end.
 std::size_t endOfPiece(std::string_view window, std::size_t full) {
-  const std::string_view piece = window.substr(0, full);
+  const std::string_view half = window.substr(full / 2, full - full / 2);
   for (const auto& ends : ENDS) {
     std::size_t best = 0;
     for (const std::string_view end : ends) {
-      const std::size_t at = end.empty() ? std::string_view::npos : piece.rfind(end);
-      if (at != std::string_view::npos) best = std::max(best, at + end.size());
+      const auto at = std::find_end(half.begin(), half.end(), end.begin(), end.end());
+      if (at == half.end()) continue;
+      best = std::max(best, full / 2 + static_cast<std::size_t>(at - half.begin()) + end.size());
     }
-    if (best > full / 2 && isClusterBoundary(window, best)) return best;
+    if (best > 0 && isClusterBoundary(window, best)) return best;
   }
   return full;
 }

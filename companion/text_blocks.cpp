@@ -7,17 +7,19 @@
 namespace norvast {
 namespace {
 
-constexpr std::string_view BLANKS = " \t\r\f\v";
-
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+std::string_view trimmed(std::string_view line) {
+  while (!line.empty() && isBlank(line.front())) line.remove_prefix(1);
+  while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
+  return line;
+}
 
 // The line behind its mark, and whether it had one.
 std::pair<std::string_view, bool> withoutMark(std::string_view line) {
   const std::size_t mark = line.find_first_not_of("#-*>|+=_");
   if (mark == std::string_view::npos) return {{}, true};  // a rule
-  if (mark > 0 && BLANKS.find(line[mark]) != std::string_view::npos) {
-    return {line.substr(line.find_first_not_of(BLANKS, mark)), true};
-  }
+  if (mark > 0 && isBlank(line[mark])) return {trimmed(line.substr(mark)), true};
   std::size_t digits = 0;
   while (digits < line.size() && isDigit(line[digits])) ++digits;
   if (digits > 0 && digits < 4 && line.substr(digits).starts_with(". ")) {
@@ -26,23 +28,18 @@ std::pair<std::string_view, bool> withoutMark(std::string_view line) {
   return {line, false};
 }
 
-void appendCollapsed(std::string& block, std::string_view line) {
-  for (std::size_t at = line.find_first_not_of(BLANKS); at != std::string_view::npos;
-       at = line.find_first_not_of(BLANKS, at)) {
-    const std::size_t end = std::min(line.find_first_of(BLANKS, at), line.size());
-    if (!block.empty()) block += ' ';
-    block.append(line.substr(at, end - at));
+}  // namespace
+
+std::vector<std::string_view> wordsBetweenBlanks(std::string_view line) {
+  std::vector<std::string_view> words;
+  for (auto at = line.begin();;) {
+    at = std::find_if_not(at, line.end(), isBlank);
+    if (at == line.end()) return words;
+    const auto end = std::find_if(at, line.end(), isBlank);
+    words.emplace_back(at, end);
     at = end;
   }
 }
-
-std::string_view trimmed(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(BLANKS);
-  if (first == std::string_view::npos) return {};
-  return line.substr(first, line.find_last_not_of(BLANKS) - first + 1);
-}
-
-}  // namespace
 
 std::vector<std::string_view> linesOf(std::string_view text) {
   std::vector<std::string_view> lines;
@@ -65,7 +62,10 @@ std::vector<std::string> blocksOf(std::string_view text) {
       continue;
     }
     if (!isOpen || hasMark || isHeading) blocks.emplace_back();
-    appendCollapsed(blocks.back(), content);
+    for (const std::string_view word : wordsBetweenBlanks(content)) {
+      if (!blocks.back().empty()) blocks.back() += ' ';
+      blocks.back().append(word);
+    }
     isOpen = true;
     isHeading = line.starts_with('#');
   }

@@ -7,6 +7,15 @@
 
 namespace norvast {
 
+// Whether a character of ASCII is white space within a line.
+constexpr bool isBlank(char character) {
+  return character == ' ' || character == '\t' || character == '\r' || character == '\f' ||
+         character == '\v';
+}
+
+// The runs of other characters between the blanks of a line.
+std::vector<std::string_view> wordsBetweenBlanks(std::string_view line);
+
 // The lines of a text, without their line ends.
 std::vector<std::string_view> linesOf(std::string_view text);
 

@@ -217,7 +217,10 @@ bool isLetterOrNumber(std::string_view cluster) {
 
 LetterCase letterCaseOf(std::string_view cluster) {
   const UChar32 first = firstScalar(cluster);
-  if (first < 0) return LetterCase::none;
+  if (first < 0x80) {  // most there is, by far
+    if (first >= 'a' && first <= 'z') return LetterCase::small;
+    return first >= 'A' && first <= 'Z' ? LetterCase::capital : LetterCase::none;
+  }
   if (u_isupper(first) != 0) return LetterCase::capital;
   return u_islower(first) != 0 ? LetterCase::small : LetterCase::none;
 }
