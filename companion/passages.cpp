@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 #include "platform/unicode.h"
 
@@ -37,9 +38,10 @@ std::size_t endOfPiece(std::string_view window, std::size_t full) {
   for (const auto& ends : ENDS) {
     std::size_t best = 0;
     for (const std::string_view end : ends) {
-      const auto at = std::find_end(half.begin(), half.end(), end.begin(), end.end());
-      if (at == half.end()) continue;
-      best = std::max(best, full / 2 + static_cast<std::size_t>(at - half.begin()) + end.size());
+      const auto found = std::distance(
+          half.begin(), std::find_end(half.begin(), half.end(), end.begin(), end.end()));
+      const auto at = static_cast<std::size_t>(found);
+      if (at < half.size()) best = std::max(best, full / 2 + at + end.size());
     }
     if (best > 0 && isClusterBoundary(window, best)) return best;
   }

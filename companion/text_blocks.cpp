@@ -32,13 +32,13 @@ std::pair<std::string_view, bool> withoutMark(std::string_view line) {
 
 std::vector<std::string_view> wordsBetweenBlanks(std::string_view line) {
   std::vector<std::string_view> words;
-  for (auto at = line.begin();;) {
-    at = std::find_if_not(at, line.end(), isBlank);
-    if (at == line.end()) return words;
-    const auto end = std::find_if(at, line.end(), isBlank);
-    words.emplace_back(at, end);
-    at = end;
+  for (std::size_t at = 0; at < line.size();) {
+    std::size_t end = at;
+    while (end < line.size() && !isBlank(line[end])) ++end;
+    if (end > at) words.push_back(line.substr(at, end - at));
+    at = std::max(end, at + 1);
   }
+  return words;
 }
 
 std::vector<std::string_view> linesOf(std::string_view text) {

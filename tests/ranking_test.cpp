@@ -17,6 +17,7 @@
 namespace norvast {
 namespace {
 
+using Sizes = std::initializer_list<std::size_t>;
 using Vector = std::vector<float>;
 
 constexpr float INFINITE = std::numeric_limits<float>::infinity();
@@ -63,7 +64,7 @@ Vector randomVector(std::mt19937& random, std::size_t size, bool withOddities) {
 
 TEST(RowGroup, EqualsThePlainRuleToTheBit) {
   std::mt19937 random(7);
-  for (const std::size_t size : {1, 2, 7, 8, 9, 15, 16, 17, 63, 100, 511, 512, 513, 1000}) {
+  for (const std::size_t size : Sizes{1, 2, 7, 8, 9, 15, 16, 17, 63, 100, 511, 512, 513, 1000}) {
     for (const bool withOddities : {false, true}) {
       const Vector query = randomVector(random, size, withOddities && size % 2 == 0);
       std::vector<Vector> rows(ROWS_A_GROUP);
@@ -88,6 +89,7 @@ TEST(RowGroup, EqualsThePlainRuleToTheBit) {
 std::vector<std::string> sortedPaths(const Vector& query, const std::vector<EmbeddingRow>& rows,
                                      std::size_t limit, SamePath samePath) {
   std::vector<std::pair<float, std::string>> scored;
+  scored.reserve(rows.size());
   for (const EmbeddingRow& row : rows) scored.emplace_back(cosine(query, row.vec), row.path);
   const auto rank = [](float value) { return std::isnan(value) ? -INFINITE : value; };
   std::stable_sort(scored.begin(), scored.end(), [&rank](const auto& left, const auto& right) {
@@ -106,7 +108,7 @@ std::vector<std::string> sortedPaths(const Vector& query, const std::vector<Embe
 TEST(SimilarityRanking, IsThePrefixOfAStableSort) {
   std::mt19937 random(11);
   const Vector query = {1, 0, 0.5F};
-  for (const std::size_t count : {0, 1, 15, 16, 17, 100, 333}) {
+  for (const std::size_t count : Sizes{0, 1, 15, 16, 17, 100, 333}) {
     std::vector<EmbeddingRow> rows;
     for (std::size_t number = 0; number < count; ++number) {
       // Few distinct values, so that ties abound; other lengths, zero vectors and NaN among them.
@@ -116,7 +118,7 @@ TEST(SimilarityRanking, IsThePrefixOfAStableSort) {
       if (random() % 17 == 0) vec.assign(3, 0);
       rows.push_back({"/" + std::to_string(random() % (count / 2 + 1)), vec});
     }
-    for (const std::size_t limit : {0, 1, 3, 16, 50, 1000}) {
+    for (const std::size_t limit : Sizes{0, 1, 3, 16, 50, 1000}) {
       for (const SamePath samePath : {SamePath::each, SamePath::bestAlone}) {
         SimilarityRanking<EmbeddingRow> ranking(query, limit, samePath);
         for (const EmbeddingRow& row : rows) {

@@ -66,6 +66,7 @@ std::vector<Picked> pickByKeywords(const MCPStore& store, const std::string& que
   if (hits.size() > limit) hits.resize(limit);
 
   std::vector<Picked> picked;
+  picked.reserve(hits.size());
   for (KeywordHits& hit : hits) picked.push_back({std::move(hit.path), std::nullopt});
   return picked;
 }
