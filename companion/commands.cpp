@@ -112,6 +112,19 @@ ExitStatus changeEach(
   return status;
 }
 
+// Each place once: roots that lie at or below another one are left out.
+std::vector<std::string> withoutNested(std::vector<std::string> roots) {
+  std::sort(roots.begin(), roots.end());  // a folder before what is below it
+  std::vector<std::string> outer;
+  for (std::string& root : roots) {
+    const bool isNested = std::any_of(outer.begin(), outer.end(), [&root](const auto& folder) {
+      return PathRange(folder).contains(root);
+    });
+    if (!isNested) outer.push_back(std::move(root));
+  }
+  return outer;
+}
+
 ExitStatus setSwitchFile(const std::optional<std::string>& path, bool exists) {
   if (!path) return fail("there is no home folder; set HOME");
   std::error_code failure;
@@ -137,6 +150,7 @@ ExitStatus addCommand(const std::vector<std::string>& paths, std::optional<Nomin
     if (failure) return fail(path + ": " + failure.message());
     roots.push_back(root.string());
   }
+  roots = withoutNested(std::move(roots));
   auto index = openIndex();
   if (const auto* why = std::get_if<std::string>(&index)) return fail(*why);
 
@@ -144,7 +158,11 @@ ExitStatus addCommand(const std::vector<std::string>& paths, std::optional<Nomin
   const IndexingReport report =
       indexFiles(std::get<Connection>(index), roots, {nomination, isQuiet});
   if (!isQuiet) print(report, nomination);
-  if (!report.isComplete) return fail("the index could not be written to the end; run this again");
+  if (!report.isComplete) {
+    return fail(
+        "the index could not be written to the end: see whether the disk is full or another "
+        "program holds the index, then run this again");
+  }
   return hasGaps(report) ? ExitStatus::incomplete : ExitStatus::done;
 }
 

@@ -93,6 +93,7 @@ class Indexing {
   void indexChanged(std::vector<ScannedFile> changed) {
     Progress progress(changed.size(), options_.isQuiet);
     for (ScannedFile& file : changed) {
+      if (!report.isComplete) break;  // what can't be written need not be read
       if (access(file.path.c_str(), R_OK) != 0) {
         report.unreadableFiles.push_back(file.path);
         file.nanoseconds = NOT_READ;

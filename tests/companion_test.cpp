@@ -120,6 +120,8 @@ TEST(IndexAdd, KeepsUpWithChangesAndNominations) {
   EXPECT_EQ(counts(index(home, "add " + quoted)),
             "indexed 0, unchanged 1, removed 1, without text 0, failed 0");
   EXPECT_EQ(index(home, "add --quiet " + quoted).output, "");
+  EXPECT_EQ(counts(index(home, "add " + quoted + "/new " + quoted + " " + quoted)),
+            "indexed 0, unchanged 1, removed 0, without text 0, failed 0");
 }
 
 TEST(IndexAdd, KeepsWhatItCannotLookAt) {
