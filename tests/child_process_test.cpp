@@ -50,12 +50,6 @@ TEST(ChildProcess, GivesWhatAGoodProgramWrote) {
   EXPECT_FALSE(hasChildren());
 }
 
-TEST(ChildProcess, ReadsItsInput) {
-  const Descriptor input(open("/proc/self/status", O_RDONLY | O_CLOEXEC));
-  const auto output = outputOfScript("head -c 5", LONG, input);
-  EXPECT_EQ(output, "Name:");
-}
-
 TEST(ChildProcess, InheritsNoDescriptorBesideThree) {
   const Descriptor leaked(open("/dev/null", O_RDONLY));
   const Descriptor leakedHigh(fcntl(leaked.number(), F_DUPFD, 200));

@@ -11,8 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "companion/file_scan.h"
-#include "companion/type_group.h"
 #include "store/connection.h"
 #include "store/statement.h"
 #include "tests/file_bytes.h"
@@ -64,14 +62,15 @@ TEST(IndexAdd, IndexesRegularFilesThatAreNeitherHiddenNorSensitive) {
   const auto docs = home.path() / "my docs";
   home.writeFile(docs / "Ünïcode – ä.TXT", "12345");
   home.writeFile(docs / "sub/deep/report.tar.gz", "");
-  home.writeFile(docs / "noext", "x");
+  home.writeFile(docs / "no.ext/noext", "x");
+  home.writeFile(docs / "dot.", "x");
   home.writeFile(docs / ".hidden/file.txt", "x");
   home.writeFile(docs / ".env", "x");
   home.writeFile(docs / "Application Support/Google/Chrome/Cookies", "x");
   home.writeFile(docs / "line\nbreak.txt", "x");
   home.writeFile(docs / "latin\xE9.txt", "x");
   std::filesystem::create_symlink(docs, docs / "loop");
-  std::filesystem::create_symlink(docs / "noext", docs / "link.txt");
+  std::filesystem::create_symlink(docs / "dot.", docs / "link.txt");
   mkfifo((docs / "fifo.txt").c_str(), 0600);
 
   const Outcome outcome = index(home, "add '" + docs.string() + "'");
@@ -79,10 +78,10 @@ TEST(IndexAdd, IndexesRegularFilesThatAreNeitherHiddenNorSensitive) {
   EXPECT_NE(outcome.output.find("2 names with a line break or invalid UTF-8"), std::string::npos)
       << outcome.output;
   const std::string base = docs.string();
-  EXPECT_EQ(
-      home.query("SELECT path, name, ext, grp, size FROM file ORDER BY path"),
-      Rows({base + "/noext|noext|||1", base + "/sub/deep/report.tar.gz|report.tar.gz|gz|Archives|0",
-            base + "/Ünïcode – ä.TXT|Ünïcode – ä.TXT|txt|Documents|5"}));
+  EXPECT_EQ(home.query("SELECT path, name, ext, grp, size FROM file ORDER BY path"),
+            Rows({base + "/dot.|dot.|||1", base + "/no.ext/noext|noext|||1",
+                  base + "/sub/deep/report.tar.gz|report.tar.gz|gz|Archives|0",
+                  base + "/Ünïcode – ä.TXT|Ünïcode – ä.TXT|txt|Documents|5"}));
   EXPECT_EQ(home.query("SELECT * FROM mcp_exposure"), Rows());
 }
 
@@ -331,24 +330,6 @@ TEST(IndexAdd, LeavesTheLogOfAnotherDatabaseAsItIs) {
     EXPECT_EQ(fileBytes(other.database()), fileBytes(home.database())) << command;
     EXPECT_EQ(fileBytes(other.database().string() + "-wal"), fileBytes(log)) << command;
   }
-}
-
-TEST(FileName, HasItsExtensionBehindTheLastDot) {
-  const std::array<std::array<const char*, 3>, 8> rows = {{{"/a/b.PDF", "b.PDF", "pdf"},
-                                                           {"/a.d/b", "b", ""},
-                                                           {"/a/.bashrc", ".bashrc", ""},
-                                                           {"/a/b.", "b.", ""},
-                                                           {"/a/b.c.D", "b.c.D", "d"},
-                                                           {"/a/ü.Ä", "ü.Ä", "Ä"},
-                                                           {"b.x", "b.x", "x"},
-                                                           {"/", "", ""}}};
-  for (const auto& [path, name, extension] : rows) {
-    EXPECT_EQ(fileName(path), name) << path;
-    EXPECT_EQ(fileExtension(path), extension) << path;
-  }
-  EXPECT_EQ(typeGroup("pdf"), "Documents");
-  EXPECT_EQ(typeGroup("mkv"), "Video");
-  for (const char* none : {"", " ", "pd", "pdf txt", "xyz"}) EXPECT_EQ(typeGroup(none), "") << none;
 }
 
 }  // namespace

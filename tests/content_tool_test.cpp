@@ -246,8 +246,9 @@ TEST_F(ReadFileContent, RefusesBombsInBoundedTime) {
   std::filesystem::resize_file(sparsePng, std::uintmax_t{10} << 30);
   const std::string paths[] = {add("bomb.png", imageBomb()), sparsePdf, sparsePng};
   ServerSession server(home);
-  const std::string text = add("notes.txt", "text");
-  EXPECT_EQ(server.call("read_file_content", {{"path", text}}).text, "text");
+  const std::string text = add("sparse.txt", "");
+  std::filesystem::resize_file(text, std::uintmax_t{10} << 30);
+  EXPECT_EQ(server.call("read_file_content", {{"path", text}}).text, std::string(60'000, '\0'));
   const long residentBefore = residentKilobytes(server.pid());
   for (const std::string& path : paths) {
     const ToolAnswer answer = server.call("read_file_content", {{"path", path}});

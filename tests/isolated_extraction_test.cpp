@@ -14,20 +14,6 @@
 namespace norvast {
 namespace {
 
-TEST(ChangingFile, IsReadAsItIsWhenItIsGone) {
-  const TestHome home;
-  const auto path = home.path() / "file";
-  home.writeFile(path, pdfOfPages({{"A page"}}));
-  const auto pdf = openRegularFile(path);
-  std::filesystem::remove(path);
-  EXPECT_EQ(isolatedPdfText(*pdf, 100), "A page");
-
-  home.writeFile(path, encoded(drawnText({"The harbour"}), IFF_PNG));
-  const auto image = openRegularFile(path);
-  std::filesystem::remove(path);
-  EXPECT_EQ(isolatedImageText(*image, 100), "The harbour");
-}
-
 TEST(ChangingFile, GivesNothingOfWhatItLost) {
   const TestHome home;
   const auto path = home.path() / "file";

@@ -19,12 +19,6 @@ INSERT INTO analysis VALUES('/new','The BUDGET of 50%.','',''), ('/tagged',NULL,
   ('/old-budget','','',NULL), ('/u/.ssh/id','a key','','');
 INSERT INTO mcp_exposure VALUES('/plain',0);)";
 
-std::vector<std::string> paths(const json& records) {
-  std::vector<std::string> paths;
-  for (const json& record : records) paths.push_back(record["path"]);
-  return paths;
-}
-
 TEST(SearchLibrary, IsRefusedWhileTheSwitchFileIsAbsent) {
   const TestHome home;
   home.createIndex(LIBRARY);
@@ -68,7 +62,7 @@ TEST(SearchLibrary, PutsNamesFirstAndFindsLiterally) {
     const json answer = server.call("search_library", row.arguments).json();
     EXPECT_EQ(answer["scope"], "whole library (metadata only)");
     EXPECT_EQ(answer["count"], row.found.size()) << row.arguments.dump().substr(0, 80);
-    EXPECT_EQ(paths(answer["results"]), row.found) << row.arguments.dump().substr(0, 80);
+    EXPECT_EQ(values(answer["results"], "path"), row.found) << row.arguments.dump().substr(0, 80);
   }
   EXPECT_EQ(server.call("search_library", {{"query", "50%"}}).json()["results"][0],
             json({{"path", "/new"},
@@ -143,7 +137,8 @@ TEST(AskNorvast, CountsRepeatedTermsAndKeepsItsBounds) {
       {{{"question", "50% \\ _ '"}, {"limit", 1}}, {"/both"}},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(paths(server.call("ask_norvast", row.arguments).json()["passages"]), row.found)
+    EXPECT_EQ(values(server.call("ask_norvast", row.arguments).json()["passages"], "path"),
+              row.found)
         << row.arguments;
   }
 }

@@ -22,12 +22,6 @@ INSERT INTO mcp_exposure VALUES('/gone', 1);
 INSERT INTO file VALUES('/not/nominated', 'f-secret', '', '', 1, 9999);
 )";
 
-std::vector<std::string> values(const json& records, const char* key) {
-  std::vector<std::string> values;
-  for (const json& record : records) values.push_back(record[key]);
-  return values;
-}
-
 TEST(ListFiles, PagesWithinItsBounds) {
   const TestHome home;
   home.createIndex(MANY);

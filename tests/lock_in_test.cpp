@@ -36,19 +36,11 @@ bool opens(const std::string& path, int flags) {
 const Deed DEEDS[] = {
     {"read a permitted file", true,
      [](const std::string& folder) { return opens(folder + "/permitted/file", O_RDONLY); }},
-    {"list a permitted folder", true,
-     [](const std::string& folder) {
-       return opens(folder + "/permitted", O_RDONLY | O_DIRECTORY);
-     }},
     {"start a thread", true,
      [](const std::string&) {
        std::thread([] {}).join();
        return true;
      }},
-    {"use memory", true,
-     [](const std::string&) { return std::vector<char>(std::size_t{8} << 20, 'x').back() == 'x'; }},
-    {"read another file", false,
-     [](const std::string& folder) { return opens(folder + "/file", O_RDONLY); }},
     {"read /etc/passwd", false, [](const std::string&) { return opens("/etc/passwd", O_RDONLY); }},
     {"write a permitted file", false,
      [](const std::string& folder) { return opens(folder + "/permitted/file", O_WRONLY); }},
@@ -60,14 +52,8 @@ const Deed DEEDS[] = {
      [](const std::string& folder) {
        return opens(folder + "/permitted/new", O_RDONLY | O_CREAT);
      }},
-    {"create a folder", false,
-     [](const std::string& folder) {
-       return mkdir((folder + "/permitted/new").c_str(), 0700) == 0;
-     }},
     {"remove a file", false,
      [](const std::string& folder) { return unlink((folder + "/permitted/file").c_str()) == 0; }},
-    {"change a file's mode", false,
-     [](const std::string& folder) { return chmod((folder + "/file").c_str(), 0777) == 0; }},
     {"start a program", false,
      [](const std::string&) {
        (void)execl("/bin/true", "true", nullptr);
@@ -81,8 +67,6 @@ const Deed DEEDS[] = {
      }},
     {"open a network socket", false,
      [](const std::string&) { return socket(AF_INET, SOCK_STREAM, 0) >= 0; }},
-    {"open a local socket", false,
-     [](const std::string&) { return socket(AF_UNIX, SOCK_STREAM, 0) >= 0; }},
     {"signal its parent", false, [](const std::string&) { return kill(getppid(), 0) == 0; }},
     {"raise a limit", false,
      [](const std::string&) {

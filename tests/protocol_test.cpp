@@ -47,38 +47,24 @@ TEST(Protocol, DropsWhatIsNoRequestInSilence) {
   const TestHome home;
   ServerSession server(home);
   const std::string deep = std::string(200'000, '[') + std::string(200'000, ']');
-  const std::vector<std::string> lines = {
-      "",
-      "   \t",
-      "\r",
-      "x",
-      "{",
-      "[]",
-      R"([{"id":1,"method":"ping"}])",
-      "\"ping\"",
-      "1",
-      "null",
-      "{}",
-      R"({"id":1})",
-      R"({"id":1,"result":{}})",
-      R"({"id":1,"method":7})",
-      R"({"id":1,"method":null})",
-      R"({"method":"unknown"})",
-      R"({"method":"notifications/cancelled","params":{"requestId":1}})",
-      R"({"id":1,"method":"initialized"})",
-      R"({"method":"initialized"})",
-      R"({"id":1,"method":"notifications/initialized"})",
-      R"({"id":1,"method":"ping"} x)",
-      R"({"id":1,"method":"ping"}{"id":2,"method":"ping"})",
-      "{\"id\":1,\"method\":\"ping\"}\0"s,
-      "{\"id\":1,\"method\":\"ping\"}\0 more"s,
-      "\0"s,
-      "\xEF\xBB\xBF{\"id\":1,\"method\":\"ping\"}",
-      "\xFF\xFE",
-      R"({"id":1e400,"method":"ping"})",
-      R"({"id":)" + deep + R"(,"method":"ping"})",
-      std::string(1'000'000, '{'),
-      std::string(300'000, ' ')};
+  const std::vector<std::string> lines = {"",
+                                          "   \t",
+                                          "x",
+                                          R"([{"id":1,"method":"ping"}])",
+                                          "\"ping\"",
+                                          "{}",
+                                          R"({"id":1})",
+                                          R"({"id":1,"method":7})",
+                                          R"({"method":"unknown"})",
+                                          R"({"id":1,"method":"initialized"})",
+                                          R"({"id":1,"method":"notifications/initialized"})",
+                                          R"({"id":1,"method":"ping"} x)",
+                                          R"({"id":1,"method":"ping"}{"id":2,"method":"ping"})",
+                                          "{\"id\":1,\"method\":\"ping\"}\0"s,
+                                          "{\"id\":1,\"method\":\"ping\"}\0 more"s,
+                                          "\xEF\xBB\xBF{\"id\":1,\"method\":\"ping\"}",
+                                          R"({"id":)" + deep + R"(,"method":"ping"})",
+                                          std::string(300'000, ' ')};
   for (const std::string& line : lines) {
     server.send(line);
     server.send(PING);
@@ -117,12 +103,6 @@ TEST(Protocol, TakesLinesAsTheyCome) {
   }
   EXPECT_EQ(server.receive(), R"({"id":1,"jsonrpc":"2.0","result":{}})");
   EXPECT_EQ(server.end(), "{\"id\":2,\"jsonrpc\":\"2.0\",\"result\":{}}\n");
-}
-
-TEST(Protocol, EndsQuietlyOnEmptyInput) {
-  const TestHome home;
-  ServerSession server(home);
-  EXPECT_EQ(server.end(), "");
 }
 
 // The answers have no reader, but the calls are carried out and the server ends as ever.

@@ -41,6 +41,12 @@ std::string readAll(const Descriptor& from) {
 
 }  // namespace
 
+std::vector<std::string> values(const nlohmann::json& records, const char* key) {
+  std::vector<std::string> values;
+  for (const nlohmann::json& record : records) values.push_back(record[key]);
+  return values;
+}
+
 ServerSession::ServerSession(const TestHome& home) {
   Pipe in = makePipe();
   Pipe out = makePipe();

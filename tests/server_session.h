@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/descriptor.h"
 #include "tests/test_home.h"
@@ -19,6 +20,9 @@ struct ToolAnswer {
 
   nlohmann::json json() const { return nlohmann::json::parse(text); }
 };
+
+// The texts under `key` of each record.
+std::vector<std::string> values(const nlohmann::json& records, const char* key);
 
 class ServerSession {
  public:
