@@ -12,6 +12,11 @@
 namespace norvast {
 namespace {
 
+// Widths of the columns: the longest time, verb and result that the server writes.
+constexpr std::size_t TIME_CLUSTERS = 19;
+constexpr std::size_t VERB_CLUSTERS = 14;
+constexpr std::size_t RESULT_CLUSTERS = 29;
+
 std::string localTime(std::int64_t secondsSince1970) {
   const auto time = static_cast<std::time_t>(secondsSince1970);
   std::tm local{};
@@ -34,9 +39,9 @@ Colour colourOf(std::string_view severity) {
 std::vector<TrailRow> read(Statement statement) {
   std::vector<TrailRow> rows;
   while (statement.step()) {
-    const std::string line = padded(localTime(statement.integer(1)), 19) + "  " +
-                             padded(printable(statement.text(2)), 14) + "  " +
-                             padded(printable(statement.text(4)), 26) + "  " +
+    const std::string line = padded(localTime(statement.integer(1)), TIME_CLUSTERS) + "  " +
+                             padded(printable(statement.text(2)), VERB_CLUSTERS) + "  " +
+                             padded(printable(statement.text(4)), RESULT_CLUSTERS) + "  " +
                              printable(statement.text(3));
     rows.push_back({statement.integer(0), coloured(line, colourOf(statement.text(5)))});
   }
