@@ -1,5 +1,5 @@
-// Sensitive paths: locations that hold secrets. They are never described or read, even when the
-// user has nominated them.
+// Sensitive paths: locations that hold secrets. Their files are neither described nor read by path,
+// even when the user has nominated them, and the indexer passes them over.
 #pragma once
 
 #include <array>

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/byte_order.h"
 #include "platform/folders.h"
 #include "store/mcp_store.h"
 #include "store/statement.h"
@@ -41,12 +42,6 @@ constexpr std::string_view HEADER_START("SQLite format 3\0", 16);
 constexpr std::size_t USER_VERSION_AT = 60;
 constexpr std::size_t APPLICATION_ID_AT = 68;
 
-std::int64_t bigEndian(const char* bytes) {
-  std::uint32_t number = 0;
-  for (int at = 0; at < 4; ++at) number = number << 8 | static_cast<unsigned char>(bytes[at]);
-  return number;
-}
-
 bool run(const Connection& connection, const std::string& sql) {
   return Statement(connection, sql).run();
 }
@@ -77,15 +72,16 @@ std::string objection(const std::string& path) {
   file.read(header.data(), header.size());
   if (file.gcount() == 0) return {};  // new, or left so by an interruption
 
-  if (!std::string_view(header.data(), header.size()).starts_with(HEADER_START)) {
+  const std::string_view bytes(header.data(), header.size());
+  if (!bytes.starts_with(HEADER_START)) {
     return "The index at " + path + " is no database; it is left as it is. Move it away.";
   }
-  if (bigEndian(&header[APPLICATION_ID_AT]) != INDEX_APPLICATION_ID) {
+  if (bigEndianAt(bytes, APPLICATION_ID_AT, 4) != INDEX_APPLICATION_ID) {
     return "The index at " + path +
            " was not made by norvast_index; it is left as it is. Use the program that made it, or "
            "move it away.";
   }
-  if (bigEndian(&header[USER_VERSION_AT]) != INDEX_VERSION) {
+  if (bigEndianAt(bytes, USER_VERSION_AT, 4) != INDEX_VERSION) {
     return "The index at " + path +
            " is of another version of norvast_index; it is left as it is. Move it away and index "
            "anew.";

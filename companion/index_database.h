@@ -1,6 +1,7 @@
 // Index database: creating and opening the index for writing, and recognising one that is ours.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <variant>
 
@@ -9,8 +10,8 @@
 namespace norvast {
 
 // Marks the database as made by this program ("Norv" in ASCII), and the version of its tables.
-inline constexpr int INDEX_APPLICATION_ID = 0x4E6F7276;
-inline constexpr int INDEX_VERSION = 1;
+inline constexpr std::uint32_t INDEX_APPLICATION_ID = 0x4E6F7276;
+inline constexpr std::uint32_t INDEX_VERSION = 1;
 
 // The index of this user, open for writing; it and its folder are created when they are missing.
 // In write-ahead mode, so that a running server goes on reading. Or, in

@@ -1,6 +1,7 @@
 #include "content/mcp_content.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "content/isolated_extraction.h"
 #include "content/path_extension.h"

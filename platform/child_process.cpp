@@ -12,11 +12,15 @@
 #include <cerrno>
 #include <csignal>
 #include <span>
+#include <thread>
 
 namespace norvast {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+// Where the kernel has no descriptor for a process that could be waited for.
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{1};
 
 constexpr std::size_t BYTES_A_READ = std::size_t{1} << 16;
 
@@ -92,11 +96,21 @@ class Child {
   bool endsWell(Clock::time_point end) {
     if (id_ < 0) return false;
     const Descriptor exited(static_cast<int>(syscall(SYS_pidfd_open, id_, 0)));
-    if (exited) (void)waitForInput(exited, end);
+    if (exited) {
+      (void)waitForInput(exited, end);
+    } else {
+      while (!hasExited() && Clock::now() < end) std::this_thread::sleep_for(BETWEEN_LOOKS);
+    }
     return reap();
   }
 
  private:
+  bool hasExited() const {
+    siginfo_t found{};
+    return waitid(P_PID, static_cast<id_t>(id_), &found, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           found.si_pid == id_;
+  }
+
   static std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
     result.reserve(texts.size() + 1);
@@ -105,7 +119,7 @@ class Child {
     return result;
   }
 
-  // The signal changes nothing for a child that has begun to exit.
+  // The signal changes nothing for a child that has exited.
   bool reap() {
     (void)kill(id_, SIGKILL);
     int status = -1;

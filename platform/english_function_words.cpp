@@ -39,7 +39,7 @@ constexpr auto WORDS = [] {
       // adverbs
       "not", "too", "very", "also", "just", "only", "even", "still", "again", "ever", "never",
       "always", "often", "once", "here", "there", "now", "quite", "rather", "really", "almost",
-      "already", "perhaps", "maybe", "thus", "hence", "therefore", "away", "back", "else",
+      "already", "perhaps", "maybe", "thus", "hence", "therefore", "away", "back",
       // remains of contractions
       "s", "t", "d", "m", "ll", "re", "ve", "don", "doesn", "didn", "isn", "aren", "wasn",
       "weren", "hasn", "haven", "hadn", "won", "wouldn", "couldn", "shouldn", "mustn", "ain",

@@ -5,18 +5,10 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/byte_order.h"
+
 namespace norvast {
 namespace {
-
-// A little-endian number of `count` bytes; 0 where there are fewer.
-std::uint32_t number(std::string_view bytes, std::size_t at, std::size_t count) {
-  if (at > bytes.size() || bytes.size() - at < count) return 0;
-  std::uint32_t value = 0;
-  for (std::size_t index = count; index > 0; --index) {
-    value = (value << 8) | static_cast<unsigned char>(bytes[at + index - 1]);
-  }
-  return value;
-}
 
 std::string littleEndian(std::uint32_t value, std::size_t count) {
   std::string bytes;
@@ -45,7 +37,7 @@ std::size_t gifTableSize(std::uint32_t flags) {
 // Behind the data at `at`: parts that begin with their length, the last one of length 0.
 std::size_t behindGifData(std::string_view bytes, std::size_t at) {
   while (at < bytes.size()) {
-    const std::size_t length = number(bytes, at, 1);
+    const std::size_t length = littleEndianAt(bytes, at, 1);
     at += 1 + length;
     if (length == 0) break;
   }
@@ -61,11 +53,11 @@ struct GifPicture {
 
 std::optional<GifPicture> findGifPicture(std::string_view bytes) {
   GifPicture picture;
-  picture.at = GIF_TABLE_AT + gifTableSize(number(bytes, GIF_SCREEN_FLAGS_AT, 1));
+  picture.at = GIF_TABLE_AT + gifTableSize(littleEndianAt(bytes, GIF_SCREEN_FLAGS_AT, 1));
   while (picture.at < bytes.size() && bytes[picture.at] == GIF_EXTENSION) {
-    const bool hasColour =
-        number(bytes, picture.at + 1, 1) == 0xF9 && (number(bytes, picture.at + 3, 1) & 1U) != 0;
-    if (hasColour) picture.transparent = number(bytes, picture.at + 6, 1);
+    const bool hasColour = littleEndianAt(bytes, picture.at + 1, 1) == 0xF9 &&
+                           (littleEndianAt(bytes, picture.at + 3, 1) & 1U) != 0;
+    if (hasColour) picture.transparent = littleEndianAt(bytes, picture.at + 6, 1);
     picture.at = behindGifData(bytes, picture.at + 2);
   }
   if (picture.at >= bytes.size() || bytes[picture.at] != GIF_PICTURE) return std::nullopt;
@@ -74,9 +66,10 @@ std::optional<GifPicture> findGifPicture(std::string_view bytes) {
 
 // The picture's own colour table counts, or else the one of all pictures.
 void whitenGifColour(std::string& bytes, std::size_t picture, std::size_t colour) {
-  const std::size_t own = gifTableSize(number(bytes, picture + GIF_PICTURE_FLAGS_AT, 1));
+  const std::size_t own = gifTableSize(littleEndianAt(bytes, picture + GIF_PICTURE_FLAGS_AT, 1));
   const std::size_t table = own > 0 ? picture + GIF_PICTURE_HEAD : GIF_TABLE_AT;
-  const std::size_t size = own > 0 ? own : gifTableSize(number(bytes, GIF_SCREEN_FLAGS_AT, 1));
+  const std::size_t size =
+      own > 0 ? own : gifTableSize(littleEndianAt(bytes, GIF_SCREEN_FLAGS_AT, 1));
   const std::size_t at = colour * GIF_COLOUR;
   if (at >= size || table + size > bytes.size()) return;
   bytes.replace(table + at, GIF_COLOUR, GIF_COLOUR, '\xFF');
@@ -93,7 +86,7 @@ struct Chunk {
 std::optional<Chunk> takeChunk(std::string_view& bytes) {
   constexpr std::size_t HEADER = 8;
   if (bytes.size() < HEADER) return std::nullopt;
-  const std::size_t length = number(bytes, 4, 4);
+  const std::size_t length = littleEndianAt(bytes, 4, 4);
   if (length > bytes.size() - HEADER) return std::nullopt;
   const std::size_t size = HEADER + length + length % 2;
   const Chunk chunk{bytes.substr(0, 4), bytes.substr(HEADER, length), bytes.substr(0, size)};
@@ -126,7 +119,8 @@ std::string webpOfFrame(std::string_view frame) {
 std::string firstGifFrame(std::string_view bytes) {
   const auto picture = findGifPicture(bytes);
   if (!picture) return std::string(bytes);
-  const std::size_t table = gifTableSize(number(bytes, picture->at + GIF_PICTURE_FLAGS_AT, 1));
+  const std::size_t table =
+      gifTableSize(littleEndianAt(bytes, picture->at + GIF_PICTURE_FLAGS_AT, 1));
   const std::size_t data = picture->at + GIF_PICTURE_HEAD + table + 1;
   std::string frame(bytes.substr(0, behindGifData(bytes, data)));
   if (picture->transparent) whitenGifColour(frame, picture->at, *picture->transparent);

@@ -2,10 +2,13 @@
 
 #include <leptonica/allheaders.h>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
 #include "platform/first_frame.h"
 #include "platform/heif_decoding.h"
+#include "platform/stored_picture.h"
 
 namespace norvast {
 namespace {
@@ -33,6 +36,13 @@ Pix* readGif(std::string_view bytes) {
   return pixReadMemGif(units(frame), frame.size());
 }
 
+Pix* readTiff(std::string_view bytes) {
+  constexpr l_int32 FIRST_PAGE = 0;
+  std::string stored(bytes);
+  dropTiffOrientation(stored);
+  return pixReadMemTiff(units(stored), stored.size(), FIRST_PAGE);
+}
+
 Pix* readWebp(std::string_view bytes) {
   const std::string frame = firstWebpFrame(bytes);
   return pixReadMemWebP(units(frame), frame.size());
@@ -55,7 +65,7 @@ Image readImage(std::string_view bytes) {
     case IFF_TIFF_LZW:
     case IFF_TIFF_ZIP:
     case IFF_TIFF_JPEG:
-      return Image(pixReadMemTiff(units(bytes), bytes.size(), 0));
+      return Image(readTiff(bytes));
     case IFF_GIF:
       return Image(readGif(bytes));
     case IFF_BMP:
@@ -79,6 +89,23 @@ Image onWhite(Image image) {
 
 GrayImage inGrey(const Image& image) { return GrayImage(pixConvertTo8(image.get(), 0)); }
 
+GrayImage decode(std::string_view bytes) {
+  Image image = readImage(bytes);
+  if (image) image = onWhite(std::move(image));
+  return image ? inGrey(image) : GrayImage();
+}
+
+struct DestroyNumbers {
+  void operator()(Numa* numbers) const { numaDestroy(&numbers); }
+};
+
+// Makes every pixel of that shade white.
+void whiten(const GrayImage& image, std::uint8_t shade) {
+  const std::unique_ptr<Numa, DestroyNumbers> shades(numaMakeSequence(0, 1, 256));
+  if (!shades || numaSetValue(shades.get(), shade, 255) != 0) return;
+  (void)pixTRCMap(image.get(), nullptr, shades.get());
+}
+
 }  // namespace
 
 void DestroyPix::operator()(Pix* image) const { pixDestroy(&image); }
@@ -88,10 +115,10 @@ void prepareImageDecoding() { prepareHeifDecoding(); }
 std::optional<GrayImage> decodeImage(std::string_view bytes) {
   (void)setMsgSeverity(L_SEVERITY_NONE);
   if (isHeif(bytes)) return decodeHeif(bytes);
-  Image image = readImage(bytes);
-  if (image) image = onWhite(std::move(image));
-  if (image) image = inGrey(image);
+  const auto grey = greyPngWithTransparency(bytes);
+  GrayImage image = decode(grey ? grey->opaque : bytes);
   if (!image) return std::nullopt;
+  if (grey) whiten(image, grey->transparentShade);
   return image;
 }
 

@@ -13,9 +13,9 @@ namespace norvast {
 inline constexpr std::size_t JSON_NESTING_LIMIT = 512;
 
 // The value of `text`, which must be valid UTF-8. Nothing when it is not exactly one JSON text:
-// anything behind it but white space, a NUL or a byte-order mark anywhere outside a string's
-// escapes, a lone surrogate escape, a number beyond a double's range, or nesting beyond the limit.
-// Of members with one key the last one counts.
+// anything behind it but white space, a byte-order mark before it, a NUL anywhere, a lone surrogate
+// escape, a number beyond a double's range, or nesting beyond the limit. Of members with one key
+// the last one counts.
 std::optional<Json> parseJson(std::string_view text);
 
 }  // namespace norvast

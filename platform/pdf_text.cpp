@@ -34,7 +34,7 @@ std::string leadingPages(const poppler::document& document, std::size_t limitClu
   std::string text;
   // A separator never joins the characters beside it, so the counts of the pages add up.
   std::size_t clusters = 0;
-  for (int index = 0; index < document.pages() && clusters <= limitClusters; ++index) {
+  for (int index = 0; index < document.pages() && clusters < limitClusters; ++index) {
     std::string page = pageText(document, index);
     if (page.empty()) continue;
     if (!text.empty()) page.insert(0, PAGE_SEPARATOR);

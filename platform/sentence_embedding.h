@@ -21,7 +21,8 @@ inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-1";
 // that texts meet through common words, stems, and pieces of words (names, numbers, identifiers,
 // typing errors). It is blind to paraphrase without a common word.
 //
-// The same text gives the same bits on every machine and build:
+// The same text gives the same bits on every machine and build that has the same tables of Unicode
+// and of English stems:
 //   1. The text is decomposed (NFKD), its combining marks are dropped, the rest is recomposed
 //   (NFC).
 //   2. Words are cut from it and counted, function words weigh little (embedding_words.h).

@@ -7,9 +7,9 @@
 
 namespace norvast {
 
-// Answers `message` on `output`. A message without a method that is a string gets no answer, nor
-// does a notification; an unknown method with an id gets the error METHOD_NOT_FOUND. No state is
-// kept between messages.
+// Answers `message` on `output`. A message without a method that is a string gets no answer, nor do
+// the client's notice that it is initialized and an unknown method without an id; one with an id
+// gets the error METHOD_NOT_FOUND. No state is kept between messages.
 void handle(const Json::Object& message, const ProcessValues& values, const Descriptor& output);
 
 }  // namespace norvast

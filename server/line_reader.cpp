@@ -1,8 +1,7 @@
 #include "server/line_reader.h"
 
-#include <utility>
-
-#include "platform/utf8.h"
+#include <algorithm>
+#include <new>
 
 namespace norvast {
 
@@ -13,6 +12,16 @@ bool LineReader::refill() {
 }
 
 std::optional<std::string> LineReader::next() {
+  try {
+    return readLine();
+  } catch (const std::bad_alloc&) {
+    skipLine();
+    return std::string();
+  }
+}
+
+// What throws leaves the line's end unread.
+std::optional<std::string> LineReader::readLine() {
   std::string line;
   while (!unread_.empty() || refill()) {
     const std::size_t end = unread_.find('\n');
@@ -23,10 +32,18 @@ std::optional<std::string> LineReader::next() {
     }
     unread_.remove_prefix(end + 1);
     if (line.ends_with('\r')) line.pop_back();
-    return repairUtf8(std::move(line));
+    return line;
   }
   if (line.empty()) return std::nullopt;
-  return repairUtf8(std::move(line));
+  return line;
+}
+
+void LineReader::skipLine() {
+  while (!unread_.empty() || refill()) {
+    const std::size_t end = unread_.find('\n');
+    unread_.remove_prefix(std::min(end, unread_.size() - 1) + 1);
+    if (end != std::string_view::npos) return;
+  }
 }
 
 }  // namespace norvast

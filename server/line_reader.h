@@ -15,11 +15,14 @@ class LineReader {
  public:
   explicit LineReader(const Descriptor& input) : input_(input) {}
 
-  // The next line as UTF-8, invalid sequences repaired, without its line feed or carriage return
-  // and line feed. The last line needs neither. Nothing when the input has ended or fails.
+  // The next line's bytes, without its line feed or carriage return and line feed. The last line
+  // needs neither. An empty one stands for a line that the memory does not hold. Nothing when the
+  // input has ended or fails.
   std::optional<std::string> next();
 
  private:
+  std::optional<std::string> readLine();
+  void skipLine();
   bool refill();
 
   const Descriptor& input_;

@@ -5,9 +5,11 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "platform/descriptor.h"
 #include "platform/json_parser.h"
+#include "platform/utf8.h"
 #include "server/dispatch.h"
 #include "server/line_reader.h"
 #include "server/process_values.h"
@@ -23,9 +25,9 @@ const ProcessValues& settleProcessValues() {
 }
 
 // A line that is no JSON object is dropped in silence, and so is one too large for the memory.
-void serve(const std::string& line, const ProcessValues& values, const Descriptor& output) {
+void serve(std::string line, const ProcessValues& values, const Descriptor& output) {
   try {
-    const auto message = parseJson(line);
+    const auto message = parseJson(repairUtf8(std::move(line)));
     if (message && message->object() != nullptr) handle(*message->object(), values, output);
   } catch (const std::bad_alloc&) {
   }
@@ -42,6 +44,6 @@ int main() {
   const Descriptor input(STDIN_FILENO);
   const Descriptor output(STDOUT_FILENO);
   LineReader lines(input);
-  while (const auto line = lines.next()) serve(*line, values, output);
+  while (auto line = lines.next()) serve(std::move(*line), values, output);
   return 0;
 }

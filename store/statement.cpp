@@ -81,8 +81,9 @@ std::int64_t Statement::integer(int column) const {
 }
 
 std::span<const std::byte> Statement::blob(int column) const {
-  const void* bytes = sqlite3_column_blob(handle_.get(), column);
+  // In this order: of a text in a UTF-16 database, the length is that of its UTF-8.
   const int length = sqlite3_column_bytes(handle_.get(), column);
+  const void* bytes = sqlite3_column_blob(handle_.get(), column);
   if (bytes == nullptr || length < 1) return {};
   return {static_cast<const std::byte*>(bytes), static_cast<std::size_t>(length)};
 }

@@ -37,6 +37,21 @@ std::string multipageTiff(const Picture& first, const Picture& second) {
   return fileBytes(path);
 }
 
+// The grey PNG file with one shade made transparent, in a chunk behind its first.
+std::string withTransparentShade(std::string png, char shade) {
+  constexpr std::size_t BEHIND_FIRST_CHUNK = 33;
+  const std::string checksum(4, '?');  // nobody looks
+  png.insert(BEHIND_FIRST_CHUNK, std::string("\0\0\0\2tRNS\0", 9) + shade + checksum);
+  return png;
+}
+
+// The TIFF file with its resolution's unit, which nobody looks at either, made an orientation.
+std::string turnedTiff(std::string tiff) {
+  const std::size_t unit = tiff.find(std::string("\x28\x01\3\0\1\0\0\0", 8));
+  EXPECT_NE(unit, std::string::npos);
+  return tiff.replace(unit, 9, std::string("\x12\x01\3\0\1\0\0\0\3", 9));
+}
+
 TEST(ImageText, IsTheLinesOfEveryFormat) {
   const Picture plain = drawnText(LINES);
   const Picture other = drawnText({"Another picture"});
@@ -54,6 +69,9 @@ TEST(ImageText, IsTheLinesOfEveryFormat) {
       {"bits.png", encoded(bits, IFF_PNG), TEXT},
       {"dark.png", encoded(dark, IFF_PNG), TEXT},
       {"transparent.png", encoded(clear, IFF_PNG), TEXT},
+      {"shade.png", withTransparentShade(encoded(plain, IFF_PNG), '\xFF'), TEXT},
+      {"hidden.png", withTransparentShade(encoded(plain, IFF_PNG), '\0'), ""},
+      {"turned.tif", turnedTiff(encoded(plain, IFF_TIFF_LZW)), TEXT},
       {"a.jpg", encoded(plain, IFF_JFIF_JPEG), TEXT},
       {"fax.tif", encoded(bits, IFF_TIFF_G4), TEXT},
       {"pages.tiff", multipageTiff(plain, other), TEXT},

@@ -47,7 +47,7 @@ std::vector<std::string> values(const nlohmann::json& records, const char* key) 
   return values;
 }
 
-ServerSession::ServerSession(const TestHome& home) {
+ServerSession::ServerSession(const TestHome& home, rlim_t mostBytes) {
   Pipe in = makePipe();
   Pipe out = makePipe();
   Pipe err = makePipe();
@@ -57,6 +57,8 @@ ServerSession::ServerSession(const TestHome& home) {
     dup2(out.writeEnd.number(), STDOUT_FILENO);
     dup2(err.writeEnd.number(), STDERR_FILENO);
     setenv("HOME", home.path().c_str(), 1);
+    const rlimit limit{mostBytes, mostBytes};
+    setrlimit(RLIMIT_AS, &limit);
     execl(NORVAST_MCP, NORVAST_MCP, nullptr);
     _exit(127);
   }

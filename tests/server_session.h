@@ -1,6 +1,7 @@
 // Server session: the built server as a child process, spoken to over its pipes as a client does.
 #pragma once
 
+#include <sys/resource.h>
 #include <sys/types.h>
 
 #include <nlohmann/json.hpp>
@@ -26,8 +27,8 @@ std::vector<std::string> values(const nlohmann::json& records, const char* key);
 
 class ServerSession {
  public:
-  // Starts the server with that home folder.
-  explicit ServerSession(const TestHome& home);
+  // Starts the server with that home folder and at most so much address space.
+  explicit ServerSession(const TestHome& home, rlim_t mostBytes = RLIM_INFINITY);
 
   // Ends it when it has not been ended.
   ~ServerSession();

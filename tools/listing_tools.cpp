@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "access/audit_trail.h"
 #include "store/nominated_files.h"
