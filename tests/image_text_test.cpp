@@ -45,11 +45,12 @@ std::string withTransparentShade(std::string png, char shade) {
   return png;
 }
 
-// The TIFF file with its resolution's unit, which nobody looks at either, made an orientation.
+// The TIFF file with another orientation: upside down.
 std::string turnedTiff(std::string tiff) {
-  const std::size_t unit = tiff.find(std::string("\x28\x01\3\0\1\0\0\0", 8));
-  EXPECT_NE(unit, std::string::npos);
-  return tiff.replace(unit, 9, std::string("\x12\x01\3\0\1\0\0\0\3", 9));
+  const std::string orientation("\x12\x01\3\0\1\0\0\0", 8);
+  const std::size_t at = tiff.find(orientation);
+  EXPECT_NE(at, std::string::npos);
+  return tiff.replace(at, 9, orientation + "\3");
 }
 
 TEST(ImageText, IsTheLinesOfEveryFormat) {
