@@ -8,9 +8,10 @@
 
 namespace norvast {
 
-// How many rows are summed side by side: four registers of four lanes, so that the additions of one
-// go on while those of the others wait for their predecessors.
-inline constexpr std::size_t ROWS_A_GROUP = 16;
+// How many rows are summed side by side: two registers of four lanes for each of the two sums, so
+// that the additions of one go on while those of the others wait for their predecessors. The rows
+// of a larger group would not stay in the processor's nearest memory.
+inline constexpr std::size_t ROWS_A_GROUP = 8;
 
 // One query vector, its norm taken once.
 class QueryVector {

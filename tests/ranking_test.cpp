@@ -107,7 +107,7 @@ std::vector<std::string> sortedPaths(const Vector& query, const std::vector<Embe
 
 TEST(SimilarityRanking, IsThePrefixOfAStableSort) {
   std::mt19937 random(11);
-  for (const std::size_t count : Sizes{0, 1, 15, 16, 17, 100, 333}) {
+  for (const std::size_t count : Sizes{0, 1, 7, 8, 9, 17, 333}) {
     const Vector query = count == 17 ? Vector() : Vector{1, 0, 0.5F};
     std::vector<EmbeddingRow> rows;
     for (std::size_t number = 0; number < count; ++number) {
