@@ -104,7 +104,7 @@ ExitStatus changeEach(
     if (!files)
       return fail("the index could not be written; try again when no other program holds it");
     if (*files == 0) {
-      status = fail(path + ": nothing of it is there to be " + done);
+      status = fail(path + ": no file there that could be " + done);
     } else {
       std::cout << done << " " << count(*files, "file") << ": " << printable(*known) << "\n";
     }
