@@ -20,7 +20,7 @@ struct GreyPng {
   std::uint8_t transparentShade = 0;  // of 8 bits: 0 is black
 };
 
-// Nothing when `bytes` is no such file. PNG specification (third edition), 5.3 and 11.3.1.1.
+// Nothing when `bytes` is no such file. W3C, PNG (Third Edition), 5.3 and 11.3.1.1.
 std::optional<GreyPng> greyPngWithTransparency(std::string_view bytes);
 
 }  // namespace norvast
