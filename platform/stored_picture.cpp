@@ -1,6 +1,7 @@
 #include "platform/stored_picture.h"
 
 #include <cstddef>
+#include <utility>
 
 #include "platform/byte_order.h"
 
@@ -8,7 +9,7 @@ namespace norvast {
 namespace {
 
 // PNG: a signature (8 bytes), then chunks: length of the data (4), name (4), data, checksum (4).
-constexpr std::size_t PNG_FIRST_CHUNK_AT = 8;
+constexpr std::string_view PNG_SIGNATURE = "\x89PNG\r\n\x1A\n";
 constexpr std::size_t PNG_CHUNK_HEAD = 8;
 constexpr std::size_t PNG_CHUNK_AROUND = 12;
 constexpr std::size_t PNG_DEPTH_AT = 24;  // in the data of the first chunk: bits a shade
@@ -44,11 +45,13 @@ void dropTiffOrientation(std::string& bytes) {
 }
 
 std::optional<GreyPng> greyPngWithTransparency(std::string_view bytes) {
-  if (bigEndianAt(bytes, PNG_COLOUR_TYPE_AT, 1) != PNG_GREY) return std::nullopt;
+  if (!bytes.starts_with(PNG_SIGNATURE) || bigEndianAt(bytes, PNG_COLOUR_TYPE_AT, 1) != PNG_GREY) {
+    return std::nullopt;
+  }
   const std::uint32_t depth = bigEndianAt(bytes, PNG_DEPTH_AT, 1);
   if (depth == 0 || depth > 16) return std::nullopt;
 
-  std::size_t at = PNG_FIRST_CHUNK_AT;
+  std::size_t at = PNG_SIGNATURE.size();
   while (at < bytes.size() && bytes.size() - at > PNG_CHUNK_AROUND) {
     const std::size_t length = bigEndianAt(bytes, at, 4);
     const std::string_view name = bytes.substr(at + 4, 4);

@@ -7,6 +7,7 @@
 #include "content/mcp_content.h"
 #include "platform/first_frame.h"
 #include "platform/image_decoding.h"
+#include "platform/stored_picture.h"
 #include "platform/text_recognition.h"
 #include "tests/file_bytes.h"
 #include "tests/picture.h"
@@ -96,6 +97,15 @@ TEST(ImageText, IsTheLinesOfEveryFormat) {
   };
   const TestHome home;
   for (const auto& row : rows) EXPECT_EQ(readAs(home, row.name, row.bytes), row.text) << row.name;
+}
+
+TEST(GreyPng, IsAPngAlone) {
+  std::string bytes = withTransparentShade(encoded(drawnText({"x"}), IFF_PNG), '\x80');
+  const auto grey = greyPngWithTransparency(bytes);
+  ASSERT_TRUE(grey);
+  EXPECT_EQ(grey->transparentShade, 0x80);
+  bytes.front() = 'B';
+  EXPECT_FALSE(greyPngWithTransparency(bytes));
 }
 
 // Made smaller, a typeface of 40 pixels a line is one of 10, 12 and 14, as on a screen. None of
