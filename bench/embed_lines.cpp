@@ -5,7 +5,7 @@
 #include <iostream>
 #include <string>
 
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 
 int main() {
   const auto sentence = norvast::SentenceEmbedding::english();

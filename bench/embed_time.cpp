@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 
 namespace {
 

@@ -14,11 +14,11 @@
 #include "content/mcp_content.h"
 #include "platform/child_process.h"
 #include "platform/descriptor.h"
-#include "platform/utf8.h"
 #include "store/mcp_store.h"
 #include "tests/file_bytes.h"
 #include "tests/pdf_builder.h"
 #include "tests/picture.h"
+#include "text/utf8.h"
 #include "tools/call_tool.h"
 
 namespace norvast {

@@ -6,7 +6,7 @@
 
 #include "bench/bench_index.h"
 #include "bench/ratio.h"
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 #include "store/mcp_store.h"
 #include "tools/call_tool.h"
 

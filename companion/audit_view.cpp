@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "companion/terminal.h"
-#include "platform/unicode.h"
 #include "store/statement.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {

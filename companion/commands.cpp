@@ -17,9 +17,9 @@
 #include "companion/index_status.h"
 #include "companion/path_range.h"
 #include "companion/terminal.h"
+#include "json/json_writer.h"
 #include "platform/folders.h"
 #include "platform/installed_program.h"
-#include "platform/json_writer.h"
 #include "store/mcp_store.h"
 
 namespace norvast {

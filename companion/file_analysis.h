@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/sentence_embedding.h"
+#include "content/document_reading.h"
+#include "embedding/sentence_embedding.h"
 
 namespace norvast {
 
@@ -15,7 +16,7 @@ struct Passage {
 };
 
 struct FileAnalysis {
-  bool hasText = false;
+  std::optional<ReadFailure> failure;  // why there is no text
   std::string summary;
   std::string entities;    // one a line, most frequent first
   std::string method;      // by which the text was taken
@@ -23,8 +24,7 @@ struct FileAnalysis {
   std::vector<Passage> passages;  // those with a vector: a row of dashes can be found by nobody
 };
 
-// Analyses the file at `path`: a bounded part of its text, taken as the server takes it, PDFs and
-// images in a program of their own. A file without text still has the vector of its name.
+// Analyses the file at `path`. A file without text has a reason, and still the vector of its name.
 FileAnalysis analyseFile(const std::string& path, const std::optional<SentenceEmbedding>& sentence);
 
 }  // namespace norvast

@@ -11,7 +11,7 @@
 
 #include "access/sensitive_path.h"
 #include "platform/descriptor.h"
-#include "platform/utf8.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -126,20 +126,6 @@ class Scan {
 void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
                ScanReport& report) {
   Scan(visit, report).run(root);
-}
-
-std::string_view fileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
-std::string fileExtension(std::string_view path) {
-  const std::string_view name = fileName(path);
-  const std::size_t dot = name.rfind('.');
-  if (dot == std::string_view::npos || dot == 0 || dot + 1 == name.size()) return {};
-  std::string extension(name.substr(dot + 1));
-  std::transform(extension.begin(), extension.end(), extension.begin(), [](char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
-                                                : character;
-  });
-  return extension;
 }
 
 }  // namespace norvast

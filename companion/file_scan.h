@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace norvast {
@@ -30,12 +29,5 @@ struct ScanReport {
 // below them. `root` is absolute and free of links; it is taken even when its own name is hidden.
 void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
                ScanReport& report);
-
-// The name behind the last solidus of a path.
-std::string_view fileName(std::string_view path);
-
-// The lower-case extension: what is behind the last dot of the name, without the dot. Empty for a
-// name without one, or whose only dot is the first or the last character.
-std::string fileExtension(std::string_view path);
 
 }  // namespace norvast

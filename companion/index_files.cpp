@@ -12,7 +12,7 @@
 #include "companion/index_writer.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 #include "store/statement.h"
 
 namespace norvast {
@@ -124,7 +124,7 @@ class Indexing {
       report.nominated += options_.nomination ? batch_.size() : 0;
       report.withoutText += static_cast<std::uint64_t>(
           std::count_if(batch_.begin(), batch_.end(),
-                        [](const AnalysedFile& analysed) { return !analysed.analysis.hasText; }));
+                        [](const AnalysedFile& analysed) { return analysed.analysis.failure.has_value(); }));
     }
     batch_.clear();
     passages_ = 0;

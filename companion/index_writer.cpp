@@ -3,7 +3,8 @@
 #include <span>
 #include <vector>
 
-#include "companion/type_group.h"
+#include "analysis/type_group.h"
+#include "text/file_name.h"
 
 namespace norvast {
 namespace {
@@ -58,7 +59,7 @@ bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis)
     insertEmbedding_.bind(2, blobOf(analysis.vec));
     if (!runOnce(insertEmbedding_)) return false;
   }
-  if (!analysis.hasText) return true;
+  if (!!analysis.failure) return true;
 
   insertAnalysis_.bind(1, file.path);
   insertAnalysis_.bind(2, analysis.summary);

@@ -4,8 +4,8 @@
 
 #include "platform/child_process.h"
 #include "platform/installed_program.h"
-#include "platform/unicode.h"
-#include "platform/utf8.h"
+#include "text/unicode.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

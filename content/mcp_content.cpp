@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "content/isolated_extraction.h"
-#include "content/path_extension.h"
 #include "content/utf8_file.h"
 #include "platform/regular_file.h"
+#include "text/file_name.h"
 
 namespace norvast {
 namespace {

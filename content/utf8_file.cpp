@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/utf8.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

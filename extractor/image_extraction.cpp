@@ -2,11 +2,11 @@
 
 #include <vector>
 
+#include "extractor/image_decoding.h"
 #include "extractor/lock_in.h"
+#include "extractor/text_recognition.h"
 #include "platform/file_mapping.h"
-#include "platform/image_decoding.h"
-#include "platform/text_recognition.h"
-#include "platform/unicode.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {

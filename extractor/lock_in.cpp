@@ -1,8 +1,8 @@
 #include "extractor/lock_in.h"
 
-#include "platform/file_confinement.h"
-#include "platform/process_limits.h"
-#include "platform/system_call_filter.h"
+#include "extractor/file_confinement.h"
+#include "extractor/process_limits.h"
+#include "extractor/system_call_filter.h"
 
 namespace norvast {
 namespace {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "extractor/lock_in.h"
+#include "extractor/pdf_text.h"
 #include "platform/file_mapping.h"
-#include "platform/pdf_text.h"
 
 namespace norvast {
 

@@ -1,7 +1,7 @@
 // Tool catalogue: what the client's language model is told of the tools.
 #pragma once
 
-#include "platform/json.h"
+#include "json/json.h"
 
 namespace norvast {
 

@@ -1,8 +1,8 @@
 // Method dispatch: one incoming JSON-RPC message, at most one response line.
 #pragma once
 
+#include "json/json.h"
 #include "platform/descriptor.h"
-#include "platform/json.h"
 #include "server/process_values.h"
 
 namespace norvast {

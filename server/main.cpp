@@ -7,12 +7,12 @@
 #include <string>
 #include <utility>
 
+#include "json/json_parser.h"
 #include "platform/descriptor.h"
-#include "platform/json_parser.h"
-#include "platform/utf8.h"
 #include "server/dispatch.h"
 #include "server/line_reader.h"
 #include "server/process_values.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

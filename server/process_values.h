@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 #include "server/catalogue.h"
 #include "store/mcp_store.h"
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/json_writer.h"
+#include "json/json_writer.h"
 
 namespace norvast {
 namespace {

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "json/json.h"
 #include "platform/descriptor.h"
-#include "platform/json.h"
 
 namespace norvast {
 

@@ -1,7 +1,7 @@
 #include "store/file_record.h"
 
-#include "platform/internet_date_time.h"
-#include "store/decimal_integer.h"
+#include "text/decimal_integer.h"
+#include "text/internet_date_time.h"
 
 namespace norvast {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/json.h"
+#include "json/json.h"
 
 namespace norvast {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/json.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 
 namespace norvast {

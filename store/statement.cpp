@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "platform/utf8.h"
 #include "store/connection.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

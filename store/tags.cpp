@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/unicode.h"
 #include "store/statement.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {

@@ -1,5 +1,5 @@
 // The terms of a question, and the folding below them.
-#include "ranking/content_terms.h"
+#include "text/content_terms.h"
 
 #include <gtest/gtest.h>
 

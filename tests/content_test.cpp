@@ -11,11 +11,11 @@
 #include <string>
 
 #include "content/mcp_content.h"
-#include "content/path_extension.h"
 #include "platform/descriptor.h"
 #include "platform/regular_file.h"
 #include "tests/pdf_builder.h"
 #include "tests/test_home.h"
+#include "text/file_name.h"
 
 namespace norvast {
 namespace {

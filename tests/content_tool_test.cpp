@@ -11,12 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/unicode.h"
-#include "platform/utf8.h"
 #include "tests/file_bytes.h"
 #include "tests/pdf_builder.h"
 #include "tests/picture.h"
 #include "tests/server_session.h"
+#include "text/unicode.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

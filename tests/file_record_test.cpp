@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/json_writer.h"
-#include "store/decimal_integer.h"
+#include "json/json_writer.h"
+#include "text/decimal_integer.h"
 
 namespace norvast {
 namespace {

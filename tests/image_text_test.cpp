@@ -5,10 +5,10 @@
 #include <string>
 
 #include "content/mcp_content.h"
-#include "platform/first_frame.h"
-#include "platform/image_decoding.h"
-#include "platform/stored_picture.h"
-#include "platform/text_recognition.h"
+#include "extractor/first_frame.h"
+#include "extractor/image_decoding.h"
+#include "extractor/stored_picture.h"
+#include "extractor/text_recognition.h"
 #include "tests/file_bytes.h"
 #include "tests/picture.h"
 #include "tests/test_home.h"

@@ -1,5 +1,5 @@
 // Times of any 64-bit value.
-#include "platform/internet_date_time.h"
+#include "text/internet_date_time.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 #include <limits>
 #include <string>
 
-#include "platform/json_parser.h"
-#include "platform/json_writer.h"
+#include "json/json_parser.h"
+#include "json/json_writer.h"
 
 namespace norvast {
 namespace {

@@ -1,15 +1,15 @@
 // PDF text: order, separation, the cut, and documents that give none.
-#include "platform/pdf_text.h"
+#include "extractor/pdf_text.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "content/isolated_extraction.h"
-#include "platform/unicode.h"
 #include "tests/file_bytes.h"
 #include "tests/pdf_builder.h"
 #include "tests/test_home.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {

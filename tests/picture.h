@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/gray_image.h"
+#include "extractor/gray_image.h"
 
 struct Pix;
 

@@ -1,5 +1,5 @@
 // The embedding scheme: its words, its length, its bits, and what must come out nearer than what.
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/embedding_words.h"
+#include "embedding/embedding_words.h"
 
 namespace norvast {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/sentence_embedding.h"
-#include "ranking/query_embedding.h"
+#include "embedding/query_embedding.h"
+#include "embedding/sentence_embedding.h"
 
 namespace norvast {
 

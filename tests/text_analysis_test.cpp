@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "companion/entities.h"
-#include "companion/passages.h"
-#include "companion/summary.h"
-#include "platform/unicode.h"
+#include "analysis/entities.h"
+#include "analysis/passages.h"
+#include "analysis/summary.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {

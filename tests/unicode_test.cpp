@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/unicode.h"
-#include "platform/utf8.h"
+#include "text/unicode.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {

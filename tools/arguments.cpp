@@ -1,6 +1,6 @@
 #include "tools/arguments.h"
 
-#include "store/decimal_integer.h"
+#include "text/decimal_integer.h"
 
 namespace norvast {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/json.h"
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 
 namespace norvast {

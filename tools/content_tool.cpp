@@ -7,8 +7,8 @@
 #include "access/audit_trail.h"
 #include "access/sensitive_path.h"
 #include "content/mcp_content.h"
-#include "platform/unicode.h"
 #include "store/nominated_files.h"
+#include "text/unicode.h"
 #include "tools/tool_result.h"
 
 namespace norvast {

@@ -2,7 +2,7 @@
 // audit row.
 #pragma once
 
-#include "platform/json.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 #include "tools/arguments.h"
 

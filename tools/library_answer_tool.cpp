@@ -11,13 +11,13 @@
 
 #include "access/audit_trail.h"
 #include "access/switch_files.h"
-#include "platform/unicode.h"
-#include "ranking/content_terms.h"
-#include "ranking/query_embedding.h"
+#include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
 #include "store/library_queries.h"
 #include "store/nominated_files.h"
 #include "store/vector_rows.h"
+#include "text/content_terms.h"
+#include "text/unicode.h"
 #include "tools/tool_result.h"
 
 namespace norvast {

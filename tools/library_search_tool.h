@@ -1,7 +1,7 @@
 // Library search tool: any indexed file by name, tag or summary, while the user allows it.
 #pragma once
 
-#include "platform/json.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 #include "tools/arguments.h"
 

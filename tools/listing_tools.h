@@ -2,7 +2,7 @@
 // never answers with an error; a failing query is an empty listing.
 #pragma once
 
-#include "platform/json.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 #include "tools/arguments.h"
 

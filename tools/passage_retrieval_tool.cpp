@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "access/audit_trail.h"
-#include "ranking/query_embedding.h"
+#include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
 #include "store/vector_rows.h"
 #include "tools/tool_result.h"

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "platform/json.h"
-#include "platform/sentence_embedding.h"
+#include "embedding/sentence_embedding.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 #include "tools/arguments.h"
 

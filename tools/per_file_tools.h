@@ -1,7 +1,7 @@
 // Per-file tools: what the index says of one nominated file. Each call writes one audit row.
 #pragma once
 
-#include "platform/json.h"
+#include "json/json.h"
 #include "store/mcp_store.h"
 #include "tools/arguments.h"
 

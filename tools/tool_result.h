@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/json.h"
+#include "json/json.h"
 
 namespace norvast {
 

@@ -1,0 +1,21 @@
+// HEIF decoding: the primary picture of a HEIC or HEIF file in shades of grey.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "extractor/gray_image.h"
+
+namespace norvast {
+
+// Loads the decoders that are installed as files of their own.
+void prepareHeifDecoding();
+
+// True when `bytes` begin as a file that decodeHeif can read.
+bool isHeif(std::string_view bytes);
+
+// The primary picture, transformed as the file itself says. What is transparent shows white.
+// Nothing when it cannot be decoded.
+std::optional<GrayImage> decodeHeif(std::string_view bytes);
+
+}  // namespace norvast

@@ -1,0 +1,37 @@
+// Text recognition: the lines of text in a picture, English, at the recogniser's most careful.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "extractor/gray_image.h"
+
+namespace tesseract {
+class TessBaseAPI;
+}
+
+namespace norvast {
+
+class TextRecognizer {
+ public:
+  // A recogniser with its model loaded (60 to 90 ms): it opens no file afterwards. Nothing when
+  // the model is not installed.
+  static std::optional<TextRecognizer> open();
+
+  ~TextRecognizer();
+  TextRecognizer(TextRecognizer&&) noexcept;
+  TextRecognizer& operator=(TextRecognizer&&) noexcept;
+
+  // The lines that it is sure enough of, in its own order, each as UTF-8 without white space at
+  // either end, none of them empty. Empty when the image holds no text or is too large for it.
+  std::vector<std::string> lines(const GrayImage& image);
+
+ private:
+  explicit TextRecognizer(std::unique_ptr<tesseract::TessBaseAPI> engine);
+
+  std::unique_ptr<tesseract::TessBaseAPI> engine_;
+};
+
+}  // namespace norvast

@@ -1,0 +1,23 @@
+// JSON writing: one value as text, in the two styles of the protocol's lines and the tools'
+// answers.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "json/json.h"
+
+namespace norvast {
+
+enum class JsonStyle {
+  compact,  // no white space at all
+  pretty,   // a member or element a line, two blanks a level, "key" : value; [] and {} when empty
+};
+
+// The text of `value` as UTF-8, members in ascending order of their keys. In strings the quotation
+// mark, the backslash, the solidus and U+0000 to U+001F are escaped, all else stands as it is. A
+// double is written with the fewest digits that read back as itself. Nothing when a number in it
+// is NaN or infinite.
+std::optional<std::string> writeJson(const Json& value, JsonStyle style);
+
+}  // namespace norvast
