@@ -59,7 +59,7 @@ bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis)
     insertEmbedding_.bind(2, blobOf(analysis.vec));
     if (!runOnce(insertEmbedding_)) return false;
   }
-  if (!!analysis.failure) return true;
+  if (analysis.failure) return true;
 
   insertAnalysis_.bind(1, file.path);
   insertAnalysis_.bind(2, analysis.summary);
