@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "companion/file_analysis.h"
-#include "companion/index_database.h"
 #include "companion/index_writer.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
 #include "embedding/sentence_embedding.h"
 #include "store/statement.h"
+#include "store/transaction.h"
 
 namespace norvast {
 namespace {
@@ -122,9 +122,9 @@ class Indexing {
     if (isWritten) {
       report.indexed += batch_.size();
       report.nominated += options_.nomination ? batch_.size() : 0;
-      report.withoutText += static_cast<std::uint64_t>(
-          std::count_if(batch_.begin(), batch_.end(),
-                        [](const AnalysedFile& analysed) { return analysed.analysis.failure.has_value(); }));
+      report.withoutText += static_cast<std::uint64_t>(std::count_if(
+          batch_.begin(), batch_.end(),
+          [](const AnalysedFile& analysed) { return analysed.analysis.failure.has_value(); }));
     }
     batch_.clear();
     passages_ = 0;

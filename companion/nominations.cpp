@@ -1,8 +1,8 @@
 #include "companion/nominations.h"
 
-#include "companion/index_database.h"
 #include "companion/path_range.h"
 #include "store/statement.h"
+#include "store/transaction.h"
 
 namespace norvast {
 namespace {

@@ -3,6 +3,12 @@
 #include <sqlite3.h>
 
 namespace norvast {
+namespace {
+
+// Of a result code; the bits above it say more than a user wants to know.
+constexpr int PRIMARY_CODE = 0xFF;
+
+}  // namespace
 
 void useSqliteFromOneThread() { (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD); }
 
@@ -19,6 +25,30 @@ Connection Connection::open(const std::string& path, int flags) {
   if (opened != SQLITE_OK) return {};
   (void)sqlite3_busy_timeout(handle, BUSY_TIMEOUT_MILLISECONDS);  // cannot fail on an open handle
   return connection;
+}
+
+std::string Connection::lastFailure() const {
+  if (!handle_) return "it cannot be opened";
+  switch (sqlite3_errcode(handle_.get()) & PRIMARY_CODE) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return "another program holds it";
+    case SQLITE_FULL:
+      return "the disk is full";
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return "it is damaged";
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_CANTOPEN:
+      return "it may not be written";
+    case SQLITE_IOERR:
+      return "the disk failed";
+    case SQLITE_NOMEM:
+      return "no memory is left";
+    default:
+      return sqlite3_errmsg(handle_.get());
+  }
 }
 
 Connection Connection::openReadOnly(const std::string& path) {

@@ -30,6 +30,11 @@ class Connection {
   static Connection openReadWrite(const std::string& path);
 
   explicit operator bool() const { return handle_ != nullptr; }
+
+  // Why the last statement on it failed, as the end of a sentence about the index: "the disk is
+  // full". Only until the next statement, a rollback too.
+  std::string lastFailure() const;
+
   sqlite3* handle() const { return handle_.get(); }
 
  private:

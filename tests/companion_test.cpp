@@ -1,12 +1,8 @@
 // The indexer, driven as a user drives it: what it indexes, keeps, drops and refuses.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -14,33 +10,12 @@
 #include "store/connection.h"
 #include "store/statement.h"
 #include "tests/file_bytes.h"
+#include "tests/index_command.h"
 #include "tests/server_session.h"
 #include "tests/test_home.h"
 
 namespace norvast {
 namespace {
-
-struct Outcome {
-  int status = -1;
-  std::string output;  // standard output and standard error together
-};
-
-// Runs norvast_index with that home folder, bound by permissions even where the tests run as root.
-// The arguments are shell words.
-Outcome index(const TestHome& home, const std::string& arguments) {
-  const std::string launcher =
-      geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
-  const std::string command = "HOME='" + home.path().string() + "' " + launcher +
-                              "'" NORVAST_INDEX "' " + arguments + " 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  Outcome outcome;
-  std::array<char, 4096> block{};
-  for (std::size_t count = 0; (count = fread(block.data(), 1, block.size(), pipe)) > 0;) {
-    outcome.output.append(block.data(), count);
-  }
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
 
 // The table of counts on one line: "indexed 2, unchanged 0, ..."
 std::string counts(const Outcome& outcome) {
@@ -301,7 +276,7 @@ TEST(IndexAdd, RefusesADatabaseThatIsNotItsOwn) {
   const std::string command = "add '" + home.path().string() + "/docs'";
   for (const char* sql : {"CREATE TABLE file(path)", "PRAGMA application_id = 7",
                           "CREATE TABLE x(y); PRAGMA application_id = 1315926646; PRAGMA "
-                          "user_version = 2"}) {
+                          "user_version = 99"}) {
     std::filesystem::remove(home.database());
     home.execute(sql);
     const std::string before = fileBytes(home.database());
