@@ -1,8 +1,7 @@
-// What may be reached: the switch files, the catalogue that follows them, sensitive paths.
+// What may be reached: the catalogue of tools, and the paths that never are.
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "access/sensitive_path.h"
 #include "tests/server_session.h"
@@ -11,61 +10,6 @@ namespace norvast {
 namespace {
 
 using nlohmann::json;
-
-constexpr const char* ACCESS_OFF =
-    "Norvast AI access is turned off. Turn it back on in the Norvast app (AI access tab) to read "
-    "your files.";
-constexpr const char* NO_INDEX =
-    "No Norvast index found. Open the Norvast app and index a folder first.";
-
-std::vector<std::string> toolNames(ServerSession& server) {
-  return values(server.request({{"id", 1}, {"method", "tools/list"}})["result"]["tools"], "name");
-}
-
-TEST(SwitchFiles, TurnAccessOffAndTheLibraryOnAtTheNextRequest) {
-  const TestHome home;
-  home.createIndex();
-  ServerSession server(home);
-  const std::vector<std::string> nine = {
-      "list_files", "search_files",     "semantic_search",   "get_metadata",     "get_summary",
-      "list_tags",  "traverse_package", "read_file_content", "retrieve_passages"};
-  std::vector<std::string> eleven = nine;
-  eleven.insert(eleven.end(), {"search_library", "ask_norvast"});
-  const auto off = home.norvastFolder() / "mcp.disabled";
-  const auto library = home.norvastFolder() / "mcp.librarymeta";
-
-  EXPECT_EQ(toolNames(server), nine);
-  EXPECT_FALSE(server.call("list_tags").isError);
-
-  home.writeFile(off, "false");
-  for (const char* tool : {"list_tags", "search_library", "no_such_tool", ""}) {
-    EXPECT_EQ(server.call(tool).text, ACCESS_OFF) << tool;
-  }
-  EXPECT_EQ(toolNames(server), nine);
-
-  std::filesystem::create_directory(library);
-  EXPECT_EQ(toolNames(server), eleven);
-  std::filesystem::remove(off);
-  EXPECT_FALSE(server.call("list_tags").isError);
-
-  std::filesystem::remove(library);
-  std::filesystem::create_symlink(home.path() / "nowhere", library);
-  std::filesystem::create_symlink(home.database(), off);
-  EXPECT_EQ(toolNames(server), nine);
-  EXPECT_EQ(server.call("list_tags").text, ACCESS_OFF);
-  EXPECT_EQ(home.auditRows(), std::vector<std::string>(2, "tags|0 tags|ok|ok"));
-}
-
-TEST(SwitchFiles, ComeBeforeTheMissingIndex) {
-  const TestHome home;
-  ServerSession server(home);
-  EXPECT_EQ(server.call("list_files").text, NO_INDEX);
-  EXPECT_TRUE(server.call("no_such_tool").isError);
-  home.createIndex();  // too late for this server
-  EXPECT_EQ(server.call("list_files").text, NO_INDEX);
-  home.writeFile(home.norvastFolder() / "mcp.disabled", "");
-  EXPECT_EQ(server.call("list_files").text, ACCESS_OFF);
-}
 
 TEST(Catalogue, DefinesEveryToolInOneShape) {
   const TestHome home;

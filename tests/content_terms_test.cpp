@@ -1,10 +1,12 @@
-// The terms of a question, and the folding below them.
+// The terms of a question with the folding below them, and the lines that are tags.
 #include "text/content_terms.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "store/tags.h"
 
 namespace norvast {
 namespace {
@@ -30,6 +32,16 @@ TEST(ContentTerms, AreTheWordsWorthSearching) {
   for (const auto& row : rows) EXPECT_EQ(contentTerms(row.text), row.terms) << row.text;
   EXPECT_EQ(contentTerms(std::string(1'000'000, 'a')).size(), 1U);
   EXPECT_EQ(contentTerms(std::string("abc\0def", 7)), Terms({"abc", "def"}));
+}
+
+TEST(TagLines, AreSplitAtLineFeedsAlone) {
+  using Lines = std::vector<std::string_view>;
+  EXPECT_EQ(tagLines(""), Lines());
+  EXPECT_EQ(tagLines("\n\n"), Lines());
+  EXPECT_EQ(tagLines("\n a \n\nb"), Lines({" a ", "b"}));
+  EXPECT_EQ(tagLines("a\r\nb\nc\r"), Lines({"a\r\nb", "c\r"}));
+  EXPECT_EQ(tagLines("\r\n"), Lines({"\r\n"}));
+  EXPECT_EQ(tagLines("a\n\r\nb"), Lines({"a", "\r\nb"}));
 }
 
 }  // namespace
