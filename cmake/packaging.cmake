@@ -1,5 +1,9 @@
-install(FILES man/norvast_mcp.1 man/norvast_index.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# Their headings name the version.
+foreach(page norvast_mcp.1 norvast_index.1)
+  configure_file(man/${page} ${CMAKE_BINARY_DIR}/man/${page} @ONLY)
+  install(FILES ${CMAKE_BINARY_DIR}/man/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
+install(FILES README.md cmake/copyright DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME norvast-mcp)

@@ -22,7 +22,7 @@ Json initializeResult() {
   return Json::Object{
       {"protocolVersion", PROTOCOL_VERSION},
       {"capabilities", Json::Object{{"tools", Json::Object{{"listChanged", false}}}}},
-      {"serverInfo", Json::Object{{"name", "norvast"}, {"version", "0.7.2"}}},
+      {"serverInfo", Json::Object{{"name", "norvast"}, {"version", NORVAST_VERSION}}},
       {"instructions",
        "Read-only access to a user-nominated subset of local files. Only nominated files are "
        "reachable; sensitive paths are always denied; raw content is gated."},
