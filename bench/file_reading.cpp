@@ -72,9 +72,10 @@ void readText(const std::string& path) {
 // The command as a shell would run it: with our own environment's defaults, to the end.
 void runCommand(const std::string& program, const std::vector<std::string>& arguments) {
   const Descriptor input(open("/dev/null", O_RDONLY | O_CLOEXEC));
-  const auto output =
-      outputOf({program, arguments, {}, std::chrono::minutes{2}, std::size_t{1} << 30}, input);
-  if (!output || output->empty()) std::printf("%s gave nothing\n", program.c_str());
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes{2};
+  const auto output = outputOf({program, arguments, {}, deadline, std::size_t{1} << 30}, input);
+  const auto* text = std::get_if<std::string>(&output);
+  if (text == nullptr || text->empty()) std::printf("%s gave nothing\n", program.c_str());
 }
 
 class FileReading {

@@ -1,6 +1,8 @@
 #include "content/isolated_extraction.h"
 
-#include <chrono>
+#include <csignal>
+#include <utility>
+#include <vector>
 
 #include "platform/child_process.h"
 #include "platform/installed_program.h"
@@ -10,8 +12,9 @@
 namespace norvast {
 namespace {
 
-// Clients give up after 60 s.
-constexpr std::chrono::seconds DEADLINE{30};
+// Of the 30 s that an answer may take; clients give up after 60. What is left is for the system to
+// end a program that is late (REAPING_TIME), and for sending the answer.
+constexpr std::chrono::seconds TIME_TO_READ{28};
 
 // No text of 60,000 characters that a person wrote takes 64 bytes a character.
 constexpr std::size_t MOST_BYTES = std::size_t{60'000} * 64;
@@ -21,26 +24,67 @@ constexpr std::size_t MOST_BYTES = std::size_t{60'000} * 64;
 // the program's limit even when it is not used.
 const std::vector<std::string> ENVIRONMENT = {"OMP_THREAD_LIMIT=1", "MALLOC_ARENA_MAX=1"};
 
-std::optional<std::string> isolatedText(const char* kind, const RegularFile& file,
-                                        std::size_t limitClusters) {
-  const auto program = installedProgram("norvast_extract");
-  if (!program) return std::nullopt;
-  auto text =
-      outputOf({*program, {kind, std::to_string(limitClusters)}, ENVIRONMENT, DEADLINE, MOST_BYTES},
-               file.descriptor);
-  if (!text || text->empty() || validUtf8Length(*text) != text->size()) return std::nullopt;
+ReadFailure reasonOf(const ChildFailure& failure) {
+  switch (failure.kind) {
+    case ChildFailure::Kind::notStarted:
+      return ReadFailure::noProgram;
+    case ChildFailure::Kind::exited:
+      return failureOfExitStatus(failure.number);
+    case ChildFailure::Kind::killed:  // by the system, at the end of the processor time
+      return failure.number == SIGKILL ? ReadFailure::tooSlow : ReadFailure::decodingFailed;
+    case ChildFailure::Kind::late:
+      return ReadFailure::tooSlow;
+    case ChildFailure::Kind::wroteTooMuch:
+      return ReadFailure::tooLarge;
+  }
+  return ReadFailure::decodingFailed;
+}
+
+std::variant<std::string, ReadFailure> isolated(const IsolatedReader& reader,
+                                                const RegularFile& file, Deadline deadline) {
+  const auto program = installedProgram(reader.program);
+  if (!program) return ReadFailure::noProgram;
+  auto output =
+      outputOf({*program, reader.arguments, ENVIRONMENT, deadline, MOST_BYTES}, file.descriptor);
+  if (const auto* failure = std::get_if<ChildFailure>(&output)) return reasonOf(*failure);
+  return std::move(std::get<std::string>(output));
+}
+
+std::variant<std::string, ReadFailure> isolatedText(const char* program, const RegularFile& file,
+                                                    std::size_t limitClusters, Deadline deadline) {
+  auto output = isolated({program, {std::to_string(limitClusters)}}, file, deadline);
+  auto* text = std::get_if<std::string>(&output);
+  if (text == nullptr) return output;
+  if (text->empty()) return ReadFailure::noText;
+  if (validUtf8Length(*text) != text->size()) return ReadFailure::decodingFailed;
   text->resize(firstClusters(*text, limitClusters).size());
-  return text;
+  return output;
 }
 
 }  // namespace
 
-std::optional<std::string> isolatedPdfText(const RegularFile& file, std::size_t limitClusters) {
-  return isolatedText("pdf", file, limitClusters);
+Deadline readingDeadline() { return std::chrono::steady_clock::now() + TIME_TO_READ; }
+
+std::variant<std::string, ReadFailure> isolatedPdfText(const RegularFile& file,
+                                                       std::size_t limitClusters,
+                                                       Deadline deadline) {
+  return isolatedText("norvast_extract_pdf", file, limitClusters, deadline);
 }
 
-std::optional<std::string> isolatedImageText(const RegularFile& file, std::size_t limitClusters) {
-  return isolatedText("image", file, limitClusters);
+std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file,
+                                                         std::size_t limitClusters,
+                                                         Deadline deadline) {
+  return isolatedText("norvast_extract_image", file, limitClusters, deadline);
+}
+
+std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,
+                                                     const RegularFile& file, Deadline deadline) {
+  const auto output = isolated(reader, file, deadline);
+  if (const auto* failure = std::get_if<ReadFailure>(&output)) return *failure;
+  auto document = parseDocument(std::get<std::string>(output));
+  if (!document) return ReadFailure::decodingFailed;
+  if (document->blocks.empty()) return ReadFailure::noText;
+  return std::move(*document);
 }
 
 }  // namespace norvast

@@ -1,20 +1,43 @@
-// Isolated extraction: the text of a PDF or an image, taken by a program of its own, so that no
-// file can harm the one that asks.
+// Isolated extraction: what a file holds, taken by a program of its own that is locked in, so that
+// no file can harm the one that asks.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
-#include <optional>
 #include <string>
+#include <variant>
+#include <vector>
 
 #include "platform/regular_file.h"
+#include "text/document.h"
+#include "text/read_failure.h"
 
 namespace norvast {
 
+using Deadline = std::chrono::steady_clock::time_point;
+
+// The deadline of what begins now: whoever asked gets an answer within 30 s, also when the machine
+// takes its time over starting and ending the program.
+Deadline readingDeadline();
+
 // The first `limitClusters` user-perceived characters of the text of a PDF document, or of what is
-// recognised in an image file, as UTF-8. Nothing when there is none, when it cannot be decoded in
-// 30 s of time and in bounded memory, or when the program is not installed. Takes no part of the
-// file into this process; what comes back is not trusted.
-std::optional<std::string> isolatedPdfText(const RegularFile& file, std::size_t limitClusters);
-std::optional<std::string> isolatedImageText(const RegularFile& file, std::size_t limitClusters);
+// recognised in an image file, as UTF-8 and never empty; or the reason why there is none. Takes no
+// part of the file into this process; what comes back is not trusted. Bounded in memory.
+std::variant<std::string, ReadFailure> isolatedPdfText(const RegularFile& file,
+                                                       std::size_t limitClusters,
+                                                       Deadline deadline = readingDeadline());
+std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file,
+                                                         std::size_t limitClusters,
+                                                         Deadline deadline = readingDeadline());
+
+// The document in a file, likewise, as the installed `program` reads it when it is started with
+// `arguments`.
+struct IsolatedReader {
+  std::string program;
+  std::vector<std::string> arguments;
+};
+std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,
+                                                     const RegularFile& file,
+                                                     Deadline deadline = readingDeadline());
 
 }  // namespace norvast

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 #include "content/isolated_extraction.h"
 #include "content/utf8_file.h"
@@ -11,9 +12,15 @@
 namespace norvast {
 namespace {
 
+// Its caller turns every reason into one message.
+std::optional<std::string> withoutReason(std::variant<std::string, ReadFailure> read) {
+  if (std::holds_alternative<ReadFailure>(read)) return std::nullopt;
+  return std::move(std::get<std::string>(read));
+}
+
 std::optional<std::string> pdf(const std::string& path, std::size_t limitClusters) {
   const auto file = openRegularFile(path);
-  return file ? isolatedPdfText(*file, limitClusters) : std::nullopt;
+  return file ? withoutReason(isolatedPdfText(*file, limitClusters)) : std::nullopt;
 }
 
 std::optional<std::string> utf8(const std::string& path, std::size_t limitBytes) {
@@ -41,7 +48,7 @@ std::optional<ExtractedText> MCPContent::extract(const std::string& path, std::i
 
 std::optional<std::string> MCPContent::ocr(const std::string& path, std::size_t limitClusters) {
   const auto file = openRegularFile(path);
-  return file ? isolatedImageText(*file, limitClusters) : std::nullopt;
+  return file ? withoutReason(isolatedImageText(*file, limitClusters)) : std::nullopt;
 }
 
 }  // namespace norvast

@@ -5,7 +5,11 @@
 
 #include <charconv>
 #include <exception>
+#include <new>
+#include <optional>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "extractor/lock_in.h"
 
@@ -31,16 +35,40 @@ Descriptor takeOutput() {
   return output;
 }
 
+// The one order in which a stranger's bytes are met: nothing reads them outside the lock.
+Extracted extract(const Extraction& extraction, const Descriptor& output,
+                  std::size_t limitClusters) {
+  if (!limitExtractor(output)) return ReadFailure::noProgram;
+  const Extraction::Read read = extraction.prepare();
+  const std::vector<std::string> folders(extraction.readableFolders.begin(),
+                                         extraction.readableFolders.end());
+  if (!read || !lockIn(folders)) return ReadFailure::noProgram;
+  const Descriptor file(STDIN_FILENO);
+  if (isEmptyFile(file)) return ReadFailure::noText;
+  auto mapping = FileMapping::of(file);
+  if (!mapping) return ReadFailure::tooLarge;
+  return read(std::move(*mapping), limitClusters);
+}
+
 }  // namespace
 
-int runExtraction(Extraction extract, std::string_view limit) try {
+Extracted asExtracted(const std::variant<Document, ReadFailure>& read) {
+  if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
+  return writeDocument(std::get<Document>(read));
+}
+
+int runExtraction(const Extraction& extraction, std::string_view limit) try {
   const auto limitClusters = parseLimit(limit);
   const Descriptor output = takeOutput();
-  if (!limitClusters || !output || !limitExtractor(output)) return 1;
-  const auto text = extract(Descriptor(STDIN_FILENO), *limitClusters);
-  return text && output.write(*text) ? 0 : 1;
+  if (!limitClusters || !output) return exitStatusOf(ReadFailure::noProgram);
+  const Extracted extracted = extract(extraction, output, *limitClusters);
+  if (const auto* failure = std::get_if<ReadFailure>(&extracted)) return exitStatusOf(*failure);
+  const bool written = output.write(std::get<std::string>(extracted));
+  return written ? 0 : exitStatusOf(ReadFailure::noProgram);
+} catch (const std::bad_alloc&) {
+  return exitStatusOf(ReadFailure::tooLarge);
 } catch (const std::exception&) {
-  return 1;
+  return exitStatusOf(ReadFailure::decodingFailed);
 }
 
 }  // namespace norvast

@@ -1,24 +1,44 @@
-// Extraction program: what the programs have in common that take the text out of one kind of
-// document: from standard input, to standard output.
+// Extraction program: how a program that takes the text out of one kind of file, from standard
+// input to standard output, gives up everything else before it looks at the file.
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 
-#include "platform/descriptor.h"
+#include "platform/file_mapping.h"
+#include "text/document.h"
+#include "text/read_failure.h"
 
 namespace norvast {
 
-// Gives up everything but what its kind of document needs, for good, then reads the file: its text
-// as UTF-8, the first `limitClusters` user-perceived characters of it. Nothing when there is none.
-using Extraction = std::optional<std::string> (*)(const Descriptor& file,
-                                                  std::size_t limitClusters);
+// All that a program writes, or why there is nothing to write.
+using Extracted = std::variant<std::string, ReadFailure>;
 
-// Sets the process's limits, runs the extraction with `limit`, a decimal number, and writes its
-// text. The exit status: 0 when all of a text has been written, else 1. Call it once, and end with
-// it at once: nothing that a library prints goes to standard output or error afterwards.
-int runExtraction(Extraction extract, std::string_view limit);
+// What a program does for one kind of file.
+struct Extraction {
+  // Reads a file that is not empty, locked in: the first `limitClusters` user-perceived characters
+  // of its text, as UTF-8.
+  using Read = std::function<Extracted(FileMapping file, std::size_t limitClusters)>;
+
+  // Before the lock and without the file: loads what reading needs of the system's files and gives
+  // the reading itself; an empty function when some of that is not installed.
+  std::function<Read()> prepare;
+
+  // What reading may open besides, for the odd file.
+  std::span<const std::string_view> readableFolders = {};
+};
+
+// A document as one of the things that a program writes: see parseDocument.
+Extracted asExtracted(const std::variant<Document, ReadFailure>& read);
+
+// Sets the process's limits, prepares, locks the process in, reads standard input with `limit`, a
+// decimal number, and writes what came of it. The exit status: 0 when all of it has been written,
+// else that of the reason. Call it once, and end with it at once: nothing that a library prints
+// goes to standard output or error afterwards.
+int runExtraction(const Extraction& extraction, std::string_view limit);
 
 }  // namespace norvast

@@ -1,21 +1,18 @@
 #include "extractor/image_extraction.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "extractor/image_decoding.h"
-#include "extractor/lock_in.h"
 #include "extractor/text_recognition.h"
-#include "platform/file_mapping.h"
 #include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
-std::optional<GrayImage> decodeFile(const Descriptor& file) {
-  const auto mapping = FileMapping::of(file);  // gone before the recognition needs the memory
-  if (!mapping) return std::nullopt;
-  return decodeImage(mapping->bytes());
-}
+// The file is gone before the recognition needs the memory.
+std::optional<GrayImage> decodeFile(FileMapping file) { return decodeImage(file.bytes()); }
 
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -26,18 +23,25 @@ std::string joined(const std::vector<std::string>& lines) {
   return text;
 }
 
+Extracted readImage(TextRecognizer& recognizer, FileMapping file, std::size_t limitClusters) {
+  const auto image = decodeFile(std::move(file));
+  if (!image) return ReadFailure::decodingFailed;
+  std::string text = joined(recognizer.lines(*image));
+  text.resize(firstClusters(text, limitClusters).size());
+  if (text.empty()) return ReadFailure::noText;
+  return text;
+}
+
 }  // namespace
 
-std::optional<std::string> extractImage(const Descriptor& file, std::size_t limitClusters) {
+Extraction::Read prepareImageExtraction() {
   prepareImageDecoding();
-  auto recognizer = TextRecognizer::open();
-  if (!recognizer || !lockIn({})) return std::nullopt;
-  const auto image = decodeFile(file);
-  if (!image) return std::nullopt;
-  std::string text = joined(recognizer->lines(*image));
-  text.resize(firstClusters(text, limitClusters).size());
-  if (text.empty()) return std::nullopt;
-  return text;
+  auto opened = TextRecognizer::open();
+  if (!opened) return {};
+  const auto recognizer = std::make_shared<TextRecognizer>(std::move(*opened));
+  return [recognizer](FileMapping file, std::size_t limitClusters) {
+    return readImage(*recognizer, std::move(file), limitClusters);
+  };
 }
 
 }  // namespace norvast

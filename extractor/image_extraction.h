@@ -1,15 +1,12 @@
-// Image extraction: the text in the first picture of an image file, read in a locked-in process.
+// Image extraction: the text in the first picture of an image file.
 #pragma once
 
-#include <cstddef>
-#include <optional>
-#include <string>
-
-#include "platform/descriptor.h"
+#include "extractor/extraction_program.h"
 
 namespace norvast {
 
-// An Extraction. The recognised lines joined by single blanks.
-std::optional<std::string> extractImage(const Descriptor& file, std::size_t limitClusters);
+// Loads the recogniser's model for English and what decoding needs. The reading gives the
+// recognised lines joined by single blanks.
+Extraction::Read prepareImageExtraction();
 
 }  // namespace norvast

@@ -1,9 +1,10 @@
-// norvast_extract_image LIMIT: what norvast_extract becomes for an image.
+// norvast_extract_image LIMIT: writes to standard output what is recognised in the image file on
+// standard input, in the same way as norvast_extract_pdf.
 #include <unistd.h>
 
-#include "extractor/extraction_program.h"
 #include "extractor/image_extraction.h"
 
 int main(int count, char** arguments) {
-  _exit(count == 2 ? norvast::runExtraction(norvast::extractImage, arguments[1]) : 1);
+  if (count != 2) return 1;
+  _exit(norvast::runExtraction({norvast::prepareImageExtraction}, arguments[1]));
 }

@@ -7,6 +7,7 @@
 #include <exception>
 #include <limits>
 #include <memory>
+#include <new>
 
 #include "text/unicode.h"
 
@@ -52,19 +53,23 @@ void preparePdfText() {
   (void)utf8(poppler::ustring::from_utf8("."));
 }
 
-std::optional<std::string> pdfText(std::string_view bytes, std::size_t limitClusters) try {
-  if (bytes.size() > std::size_t{std::numeric_limits<int>::max()}) return std::nullopt;
+std::variant<std::string, ReadFailure> pdfText(std::string_view bytes,
+                                               std::size_t limitClusters) try {
+  if (bytes.size() > std::size_t{std::numeric_limits<int>::max()}) return ReadFailure::tooLarge;
   poppler::set_debug_error_function(dropMessage, nullptr);
   const std::unique_ptr<poppler::document> document(
       poppler::document::load_from_raw_data(bytes.data(), static_cast<int>(bytes.size())));
-  if (!document || document->is_locked()) return std::nullopt;
+  if (!document) return ReadFailure::decodingFailed;
+  if (document->is_locked()) return ReadFailure::encrypted;
 
   std::string text = leadingPages(*document, limitClusters);
-  if (text.empty()) return std::nullopt;
+  if (text.empty()) return ReadFailure::noText;
   text.resize(firstClusters(text, limitClusters).size());
   return text;
+} catch (const std::bad_alloc&) {
+  return ReadFailure::tooLarge;
 } catch (const std::exception&) {
-  return std::nullopt;
+  return ReadFailure::decodingFailed;
 }
 
 }  // namespace norvast

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+
+#include "text/read_failure.h"
 
 namespace norvast {
 
@@ -21,7 +23,7 @@ inline constexpr std::string_view PDF_DATA_FOLDERS[] = {
 // The text of the document in `bytes` as UTF-8, pages in their order with an empty line between
 // them, those without text left out: whole, or at least its first `limitClusters` user-perceived
 // characters and exactly them when it is longer. No page is looked at once that much is known.
-// Nothing when the document is broken, asks for a password, or has no text. Writes no message.
-std::optional<std::string> pdfText(std::string_view bytes, std::size_t limitClusters);
+// A reason when the document is broken, asks for a password, or has no text. Writes no message.
+std::variant<std::string, ReadFailure> pdfText(std::string_view bytes, std::size_t limitClusters);
 
 }  // namespace norvast

@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <optional>
 #include <span>
 #include <thread>
 
@@ -70,10 +71,26 @@ bool waitForInput(const Descriptor& from, Clock::time_point end) {
   }
 }
 
+// Killed children that the kernel has not let go yet: they end some time, and are reaped then.
+std::vector<pid_t>& leftBehind() {
+  static std::vector<pid_t> children;
+  return children;
+}
+
+// True when there is nothing left to reap of the child; then `status` is its wait status.
+bool reap(pid_t child, int* status) {
+  pid_t found = -1;
+  do {
+    found = waitpid(child, status, WNOHANG);
+  } while (found < 0 && errno == EINTR);
+  return found != 0;
+}
+
 // A started child, killed and reaped by its owner at the latest.
 class Child {
  public:
   Child(const ChildCommand& command, const FileActions& actions) {
+    std::erase_if(leftBehind(), [](pid_t child) { return reap(child, nullptr); });
     // Were the signal ignored, as a parent may have left it, the status would be lost.
     (void)std::signal(SIGCHLD, SIG_DFL);
     std::vector<std::string> arguments = command.arguments;
@@ -83,32 +100,39 @@ class Child {
     if (posix_spawn(&started, command.program.c_str(), actions.get(), nullptr,
                     pointers(arguments).data(), pointers(environment).data()) == 0) {
       id_ = started;
+      exited_ = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, id_, 0)));
     }
   }
   ~Child() {
-    if (id_ >= 0) (void)reap();
+    if (id_ < 0) return;
+    (void)kill(id_, SIGKILL);
+    if (!endsBy(Clock::now() + REAPING_TIME)) leftBehind().push_back(id_);
   }
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;
 
-  // Waits until the child has exited, but not beyond `end`, and makes sure of it. True when it
-  // exited by itself, with status 0.
-  bool endsWell(Clock::time_point end) {
-    if (id_ < 0) return false;
-    const Descriptor exited(static_cast<int>(syscall(SYS_pidfd_open, id_, 0)));
-    if (exited) {
-      (void)waitForInput(exited, end);
-    } else {
-      while (!hasExited() && Clock::now() < end) std::this_thread::sleep_for(BETWEEN_LOOKS);
-    }
-    return reap();
+  bool isStarted() const { return id_ >= 0; }
+
+  // Waits until the started child has exited, but not beyond `end`. Nothing when it did so by
+  // itself, with status 0.
+  std::optional<ChildFailure> failureBy(Clock::time_point end) {
+    if (!endsBy(end)) return ChildFailure{ChildFailure::Kind::late};
+    if (WIFSIGNALED(status_)) return ChildFailure{ChildFailure::Kind::killed, WTERMSIG(status_)};
+    if (!WIFEXITED(status_)) return ChildFailure{ChildFailure::Kind::exited};
+    if (WEXITSTATUS(status_) == 0) return std::nullopt;
+    return ChildFailure{ChildFailure::Kind::exited, WEXITSTATUS(status_)};
   }
 
  private:
-  bool hasExited() const {
-    siginfo_t found{};
-    return waitid(P_PID, static_cast<id_t>(id_), &found, WEXITED | WNOHANG | WNOWAIT) != 0 ||
-           found.si_pid == id_;
+  // Waits for the child's exit, but not beyond `end`, and reaps it.
+  bool endsBy(Clock::time_point end) {
+    if (exited_) (void)waitForInput(exited_, end);
+    while (!reap(id_, &status_)) {
+      if (exited_ || Clock::now() >= end) return false;
+      std::this_thread::sleep_for(BETWEEN_LOOKS);
+    }
+    id_ = -1;
+    return true;
   }
 
   static std::vector<char*> pointers(std::vector<std::string>& texts) {
@@ -119,46 +143,40 @@ class Child {
     return result;
   }
 
-  // The signal changes nothing for a child that has exited.
-  bool reap() {
-    (void)kill(id_, SIGKILL);
-    int status = -1;
-    while (waitpid(id_, &status, 0) < 0 && errno == EINTR) {
-    }
-    id_ = -1;
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-  }
-
   pid_t id_ = -1;
+  Descriptor exited_;  // can be read from then on; none where the kernel has no such thing
+  int status_ = -1;
 };
 
 // All that comes until the other end is closed.
-std::optional<std::string> readAll(const Descriptor& from, std::size_t limit,
-                                   Clock::time_point end) {
+std::variant<std::string, ChildFailure> readAll(const Descriptor& from,
+                                                const ChildCommand& command) {
   std::string bytes;
   for (;;) {
-    if (!waitForInput(from, end)) return std::nullopt;
+    if (!waitForInput(from, command.deadline)) return ChildFailure{ChildFailure::Kind::late};
     const std::size_t start = bytes.size();
     bytes.resize(start + BYTES_A_READ);
-    const auto count = from.read(std::span(bytes).subspan(start));
-    if (!count || start + *count > limit) return std::nullopt;
-    bytes.resize(start + *count);
-    if (*count == 0) return bytes;
+    const std::size_t count = from.read(std::span(bytes).subspan(start)).value_or(0);
+    if (start + count > command.limitBytes) return ChildFailure{ChildFailure::Kind::wroteTooMuch};
+    bytes.resize(start + count);
+    if (count == 0) return bytes;
   }
 }
 
 }  // namespace
 
-std::optional<std::string> outputOf(const ChildCommand& command, const Descriptor& input) {
-  const auto end = Clock::now() + command.deadline;
+std::variant<std::string, ChildFailure> outputOf(const ChildCommand& command,
+                                                 const Descriptor& input) {
   auto pipe = makePipe();
   FileActions actions;
-  if (!pipe || !actions.connect(input, pipe->writeEnd)) return std::nullopt;
+  if (!pipe || !actions.connect(input, pipe->writeEnd)) return ChildFailure{};
 
   Child child(command, actions);
   pipe->writeEnd = Descriptor();  // the child's is the only one: its exit closes it
-  auto output = readAll(pipe->readEnd, command.limitBytes, end);
-  if (!output || !child.endsWell(end)) return std::nullopt;
+  if (!child.isStarted()) return ChildFailure{};
+  auto output = readAll(pipe->readEnd, command);
+  if (std::holds_alternative<ChildFailure>(output)) return output;
+  if (const auto failure = child.failureBy(command.deadline)) return *failure;
   return output;
 }
 

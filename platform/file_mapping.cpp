@@ -5,6 +5,11 @@
 
 namespace norvast {
 
+bool isEmptyFile(const Descriptor& file) {
+  struct stat status {};
+  return fstat(file.number(), &status) == 0 && status.st_size == 0;
+}
+
 std::optional<FileMapping> FileMapping::of(const Descriptor& file) {
   struct stat status {};
   if (fstat(file.number(), &status) != 0 || status.st_size <= 0) return std::nullopt;

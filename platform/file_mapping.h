@@ -9,6 +9,9 @@
 
 namespace norvast {
 
+// False also when that cannot be told.
+bool isEmptyFile(const Descriptor& file);
+
 // Owns a read-only mapping of a whole file. Touching it ends the process (SIGBUS) where the file
 // has shrunk since, so it is for programs that may end so.
 class FileMapping {

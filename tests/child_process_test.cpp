@@ -24,16 +24,23 @@ std::ptrdiff_t openDescriptors() {
 
 bool hasChildren() { return waitpid(-1, nullptr, WNOHANG) >= 0 || errno != ECHILD; }
 
-std::optional<std::string> outputOfScript(
-    const std::string& script, milliseconds deadline = LONG,
-    const Descriptor& input = Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC))) {
-  return outputOf({"/bin/sh", {"-c", script}, {"COLOUR=blue"}, deadline, 100'000}, input);
+using Outcome = std::variant<std::string, ChildFailure>;
+using Kind = ChildFailure::Kind;
+
+std::chrono::steady_clock::time_point in(milliseconds time) {
+  return std::chrono::steady_clock::now() + time;
+}
+
+Outcome outputOfScript(const std::string& script, milliseconds deadline = LONG,
+                       const Descriptor& input = Descriptor(open("/dev/null",
+                                                                 O_RDONLY | O_CLOEXEC))) {
+  return outputOf({"/bin/sh", {"-c", script}, {"COLOUR=blue"}, in(deadline), 100'000}, input);
 }
 
 TEST(ChildProcess, GivesWhatAGoodProgramWrote) {
   const struct {
     const char* script;
-    std::optional<std::string> output;
+    Outcome outcome;
   } rows[] = {
       {"printf text", "text"},
       {"exit 0", ""},
@@ -41,12 +48,12 @@ TEST(ChildProcess, GivesWhatAGoodProgramWrote) {
       {"printf %s \"$COLOUR$HOME\"", "blue"},
       {"printf error >&2; printf text", "text"},
       {"printf text; exec >&-; sleep 0.2", "text"},  // ends long after its output does
-      {"printf text; exit 1", std::nullopt},
-      {"printf text; kill -9 $$", std::nullopt},
-      {"head -c 100001 /dev/zero", std::nullopt},
-      {"cat /dev/zero", std::nullopt},
+      {"printf text; exit 3", ChildFailure{Kind::exited, 3}},
+      {"printf text; kill -9 $$", ChildFailure{Kind::killed, SIGKILL}},
+      {"head -c 100001 /dev/zero", ChildFailure{Kind::wroteTooMuch}},
+      {"cat /dev/zero", ChildFailure{Kind::wroteTooMuch}},
   };
-  for (const auto& row : rows) EXPECT_EQ(outputOfScript(row.script), row.output) << row.script;
+  for (const auto& row : rows) EXPECT_EQ(outputOfScript(row.script), row.outcome) << row.script;
   EXPECT_FALSE(hasChildren());
 }
 
@@ -54,7 +61,7 @@ TEST(ChildProcess, InheritsNoDescriptorBesideThree) {
   const Descriptor leaked(open("/dev/null", O_RDONLY));
   const Descriptor leakedHigh(fcntl(leaked.number(), F_DUPFD, 200));
   // ls itself opens the folder that it lists as number 3.
-  EXPECT_EQ(outputOfScript("exec ls /proc/self/fd"), "0\n1\n2\n3\n");
+  EXPECT_EQ(outputOfScript("exec ls /proc/self/fd"), Outcome("0\n1\n2\n3\n"));
 }
 
 // Each of them would take a minute; one closes its output and stays.
@@ -62,7 +69,8 @@ TEST(ChildProcess, IsKilledAtItsDeadline) {
   for (const char* script :
        {"exec sleep 60", "printf text; exec sleep 60", "exec >&-; exec sleep 60"}) {
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(outputOfScript(script, milliseconds{100}), std::nullopt) << script;
+    EXPECT_EQ(outputOfScript(script, milliseconds{100}), Outcome(ChildFailure{Kind::late}))
+        << script;
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{20}) << script;
     EXPECT_FALSE(hasChildren()) << script;
   }
@@ -70,13 +78,14 @@ TEST(ChildProcess, IsKilledAtItsDeadline) {
 
 TEST(ChildProcess, ThatDoesNotExistGivesNothing) {
   const Descriptor input(open("/dev/null", O_RDONLY | O_CLOEXEC));
-  EXPECT_EQ(outputOf({"/no/such/program", {}, {}, LONG, 100}, input), std::nullopt);
+  EXPECT_EQ(outputOf({"/no/such/program", {}, {}, in(LONG), 100}, input),
+            Outcome(ChildFailure{Kind::notStarted}));
 }
 
 // A parent may have left the signal ignored, which would reap children before their status is read.
 TEST(ChildProcess, IsReapedWhateverBecameOfItsSignal) {
   (void)std::signal(SIGCHLD, SIG_IGN);
-  EXPECT_EQ(outputOfScript("printf text"), "text");
+  EXPECT_EQ(outputOfScript("printf text"), Outcome("text"));
   (void)std::signal(SIGCHLD, SIG_DFL);
 }
 
@@ -84,8 +93,8 @@ TEST(ChildProcess, LeavesNothingBehindAfterAThousand) {
   const auto before = openDescriptors();
   for (int round = 0; round < 1'000; ++round) {
     const Descriptor input(open("/dev/null", O_RDONLY | O_CLOEXEC));
-    ASSERT_EQ(outputOf({round % 2 == 0 ? "/bin/true" : "/bin/false", {}, {}, LONG, 100}, input),
-              round % 2 == 0 ? std::optional<std::string>("") : std::nullopt);
+    ASSERT_EQ(outputOf({round % 2 == 0 ? "/bin/true" : "/bin/false", {}, {}, in(LONG), 100}, input),
+              round % 2 == 0 ? Outcome("") : Outcome(ChildFailure{Kind::exited, 1}));
   }
   EXPECT_EQ(openDescriptors(), before);
   EXPECT_FALSE(hasChildren());

@@ -1,0 +1,26 @@
+// norvast_extract_pdf LIMIT: writes to standard output the text of the PDF document on standard
+// input, at most LIMIT characters of it. Exit status 0 means that all of it was written; any other
+// tells why there is none. Started by norvast_mcp and norvast_index, which trust it nothing.
+#include <unistd.h>
+
+#include "extractor/extraction_program.h"
+#include "extractor/pdf_text.h"
+
+namespace norvast {
+namespace {
+
+Extraction::Read preparePdf() {
+  preparePdfText();
+  return [](const FileMapping& file, std::size_t limitClusters) {
+    return pdfText(file.bytes(), limitClusters);
+  };
+}
+
+}  // namespace
+}  // namespace norvast
+
+int main(int count, char** arguments) {
+  if (count != 2) return 1;
+  // The memory goes with the process; taking it apart first would only cost time.
+  _exit(norvast::runExtraction({norvast::preparePdf, norvast::PDF_DATA_FOLDERS}, arguments[1]));
+}
