@@ -2,14 +2,14 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 
+#include "content/file_kind.h"
 #include "content/isolated_extraction.h"
-#include "content/mcp_content.h"
-#include "content/utf8_file.h"
+#include "content/leading_bytes.h"
 #include "platform/regular_file.h"
+#include "text/encoding.h"
 #include "text/file_name.h"
 
 namespace norvast {
@@ -20,27 +20,25 @@ constexpr std::size_t READ_CHARACTERS = 400'000;
 
 using Text = std::variant<std::string, ReadFailure>;
 
-Text plainFileText(const RegularFile& file) {
+// Of a file whose leading bytes have been read.
+Text plainFileText(const RegularFile& file, std::string bytes) {
   if (file.sizeBytes == 0) return ReadFailure::noText;
-  auto text = leadingUtf8(file, READ_CHARACTERS);
-  if (!text) return ReadFailure::unreadableEncoding;
+  bytes += leadingBytes(file.descriptor, READ_CHARACTERS - bytes.size());
+  const bool isCut = file.sizeBytes > bytes.size();
+  auto text = decodedText(bytes, isCut ? Extent::leading : Extent::whole);
+  // A NUL is no character of a text, and would cut what is stored.
+  if (!text || text->find('\0') != std::string::npos) return ReadFailure::unreadableEncoding;
+  if (text->empty()) return ReadFailure::noText;
   return std::move(*text);
 }
 
 std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
   auto& text = std::get<std::string>(read);
-  // A NUL is no character of a text, and would cut what is stored.
-  if (text.find('\0') != std::string::npos) return ReadFailure::unreadableEncoding;
   Document document;
   document.method = method;
   document.blocks.push_back({DocumentBlock::Kind::paragraph, std::move(text)});
   return document;
-}
-
-bool isImage(const std::string& extension) {
-  const auto& images = MCPContent::imageExts;
-  return std::find(images.begin(), images.end(), extension) != images.end();
 }
 
 }  // namespace
@@ -51,12 +49,25 @@ std::variant<Document, ReadFailure> readDocument(const std::string& path) {
   }
   const auto file = openRegularFile(path);
   if (!file) return ReadFailure::noReader;
-  const std::string extension = pathExtension(path);
-  if (extension == "pdf") return documentOf(isolatedPdfText(*file, READ_CHARACTERS), "PDFKit");
-  if (isImage(extension)) {
-    return documentOf(isolatedImageText(*file, READ_CHARACTERS), "Vision OCR");
+  std::string bytes = leadingBytes(file->descriptor, TELLING_BYTES);
+  const FileKind kind = fileKind(pathExtension(path), bytes);
+  switch (kind.way) {
+    case FileKind::Way::text:
+      return documentOf(plainFileText(*file, std::move(bytes)), "text");
+    case FileKind::Way::pdf:
+      return documentOf(isolatedPdfText(*file, READ_CHARACTERS), "PDFKit");
+    case FileKind::Way::image:
+      return documentOf(isolatedImageText(*file, READ_CHARACTERS), "Vision OCR");
+    case FileKind::Way::document:
+      return isolatedDocument(
+          {"norvast_extract_document", {std::string(kind.kind), std::to_string(READ_CHARACTERS)}},
+          *file);
+    case FileKind::Way::lies:
+      return ReadFailure::decodingFailed;
+    case FileKind::Way::none:
+      break;
   }
-  return documentOf(plainFileText(*file), "text");
+  return ReadFailure::noReader;
 }
 
 }  // namespace norvast

@@ -11,7 +11,7 @@
 namespace norvast {
 
 // Rises with every change after which a reader finds more, or other, text in the same file.
-inline constexpr int READER_VERSION = 1;
+inline constexpr int READER_VERSION = 2;
 
 // The document in the regular file at `path`; it has at least one block. Files other than plain
 // text are read by a program of its own that is locked in. Bounded in time and memory.

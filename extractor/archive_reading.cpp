@@ -1,0 +1,43 @@
+#include "extractor/archive_reading.h"
+
+#include <archive_entry.h>
+
+#include <algorithm>
+
+#include "extractor/reading_bounds.h"
+#include "text/utf8.h"
+
+namespace norvast {
+namespace {
+
+constexpr std::size_t BYTES_A_READ = std::size_t{64} << 10;
+
+}  // namespace
+
+bool Unpacking::isOutOfProportion() const {
+  return unpackedBytes_ > HARMLESS_UNPACKED_BYTES && unpackedBytes_ / MOST_RATIO > packedBytes_;
+}
+
+Unpacked Unpacking::readEntry(archive* reader, std::string& into) {
+  std::size_t size = 0;
+  while (size < MOST_PART_BYTES && unpackedBytes_ < MOST_UNPACKED_BYTES) {
+    const std::size_t room = std::min(BYTES_A_READ, MOST_PART_BYTES - size);
+    into.resize(size + room);
+    const la_ssize_t count = archive_read_data(reader, into.data() + size, room);
+    into.resize(size + static_cast<std::size_t>(std::max<la_ssize_t>(count, 0)));
+    if (count < 0) return Unpacked::damaged;
+    if (count == 0) return Unpacked::whole;
+    size = into.size();
+    unpackedBytes_ += static_cast<std::size_t>(count);
+    if (isOutOfProportion()) return Unpacked::outOfProportion;
+  }
+  return Unpacked::cut;
+}
+
+std::string entryName(archive_entry* entry) {
+  const char* name = archive_entry_pathname_utf8(entry);
+  if (name == nullptr) name = archive_entry_pathname(entry);
+  return name == nullptr ? std::string() : repairUtf8(name);
+}
+
+}  // namespace norvast

@@ -1,0 +1,28 @@
+// Cell formats: what the number in a spreadsheet's cell is shown as.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "extractor/zip_parts.h"
+
+namespace norvast {
+
+class CellFormats {
+ public:
+  // Of the styles in `styles` (ECMA-376, 18.8), which may be nullptr. Days are counted from 1904
+  // when `from1904`, otherwise from 1899-12-30.
+  CellFormats(const ZipPart* styles, bool from1904);
+
+  // The number in `value` as a person would read it: "2026-03-01", "2026-03-01 14:30" or "14:30"
+  // where the style makes it a date, else with 15 digits at the most. `style` is the cell's style
+  // number as it is written in the file; empty for none. What is no number stays as it is.
+  std::string shown(std::string_view value, std::string_view style) const;
+
+ private:
+  std::vector<bool> isDate_;  // by style number
+  bool from1904_;
+};
+
+}  // namespace norvast

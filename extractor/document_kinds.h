@@ -1,0 +1,24 @@
+// Document kinds: the reader of each kind of file that norvast_extract_document reads.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "extractor/document_builder.h"
+
+namespace norvast {
+
+struct DocumentKind {
+  std::string_view name;
+
+  // Any bytes do, of this kind or not. `limitCharacters` counts the Unicode scalars of all blocks.
+  ReadDocument (*read)(std::string_view bytes, std::size_t limitCharacters);
+
+  // Loads what reading needs of the system's files, for a process that gives up opening them.
+  void (*prepare)();
+};
+
+// The kind of that name ("word", "spreadsheet", ...), or nullptr.
+const DocumentKind* documentKind(std::string_view name);
+
+}  // namespace norvast

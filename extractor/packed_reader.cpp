@@ -1,0 +1,86 @@
+#include "extractor/packed_reader.h"
+
+#include <archive_entry.h>
+
+#include <clocale>
+#include <string>
+
+#include "extractor/archive_reading.h"
+#include "extractor/reading_bounds.h"
+#include "text/encoding.h"
+
+namespace norvast {
+namespace {
+
+using Kind = DocumentBlock::Kind;
+
+// Those within libarchive itself; for others it would start programs.
+ArchiveReader openPacked(std::string_view bytes) {
+  ArchiveReader reader(archive_read_new());
+  if (!reader) return reader;
+  archive* raw = reader.get();
+  for (const auto support :
+       {archive_read_support_filter_gzip, archive_read_support_filter_bzip2,
+        archive_read_support_filter_xz, archive_read_support_filter_lzma,
+        archive_read_support_filter_zstd, archive_read_support_filter_lz4,
+        archive_read_support_filter_compress, archive_read_support_format_zip_seekable,
+        archive_read_support_format_tar, archive_read_support_format_7zip,
+        archive_read_support_format_rar, archive_read_support_format_rar5,
+        archive_read_support_format_iso9660, archive_read_support_format_cab,
+        archive_read_support_format_ar, archive_read_support_format_cpio,
+        archive_read_support_format_raw}) {
+    (void)support(raw);  // what is missing reads nothing
+  }
+  if (archive_read_open_memory(raw, bytes.data(), bytes.size()) != ARCHIVE_OK) return nullptr;
+  return reader;
+}
+
+ReadDocument readNames(archive* reader, archive_entry* entry, std::size_t limitCharacters) {
+  DocumentBuilder document("file names", limitCharacters);
+  std::string names;
+  int found = ARCHIVE_OK;
+  for (std::size_t count = 0; found != ARCHIVE_EOF; ++count) {
+    if (found < ARCHIVE_WARN) return ReadFailure::decodingFailed;
+    if (count == MOST_ENTRIES || names.size() > limitCharacters) break;
+    names += entryName(entry) + "\n";
+    found = archive_read_next_header(reader, &entry);
+  }
+  document.addLines(Kind::paragraph, names);
+  return document.take();
+}
+
+ReadDocument readOneText(archive* reader, std::size_t packedBytes, std::size_t limitCharacters) {
+  std::string bytes;
+  const Unpacked unpacked = Unpacking(packedBytes).readEntry(reader, bytes);
+  if (unpacked == Unpacked::damaged) return ReadFailure::decodingFailed;
+  if (unpacked == Unpacked::outOfProportion) return ReadFailure::tooLarge;
+  if (bytes.find('\0') != std::string::npos) return ReadFailure::noReader;
+  const auto text = decodedText(bytes, unpacked == Unpacked::cut ? Extent::leading : Extent::whole);
+  if (!text) return ReadFailure::unreadableEncoding;
+  DocumentBuilder document("text", limitCharacters);
+  document.addLines(Kind::paragraph, *text);
+  return document.take();
+}
+
+}  // namespace
+
+void preparePacked() {
+  // libarchive gives names only as far as the locale can write them.
+  (void)std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
+ReadDocument readPacked(std::string_view bytes, std::size_t limitCharacters) {
+  const ArchiveReader reader = openPacked(bytes);
+  archive_entry* entry = nullptr;
+  if (!reader || archive_read_next_header(reader.get(), &entry) < ARCHIVE_WARN) {
+    return ReadFailure::decodingFailed;
+  }
+  if (archive_format(reader.get()) != ARCHIVE_FORMAT_RAW) {
+    return readNames(reader.get(), entry, limitCharacters);
+  }
+  // Bytes that are not packed at all come through as well.
+  if (archive_filter_count(reader.get()) < 2) return ReadFailure::decodingFailed;
+  return readOneText(reader.get(), bytes.size(), limitCharacters);
+}
+
+}  // namespace norvast

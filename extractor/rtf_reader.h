@@ -1,0 +1,17 @@
+// RTF reader: the text of Rich Text Format files.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "extractor/document_builder.h"
+
+namespace norvast {
+
+// Paragraphs, headings and table rows in their order, footnotes as notes, page headers and footers
+// as asides; title and author from the file's properties. Pictures, embedded objects, field codes
+// and all destinations that are not known are left out. Text is decoded by the code page of its
+// font. decodingFailed for what does not begin as RTF does, tooLarge for groups too deep.
+ReadDocument readRtf(std::string_view bytes, std::size_t limitCharacters);
+
+}  // namespace norvast

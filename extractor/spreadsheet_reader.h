@@ -1,0 +1,15 @@
+// Spreadsheet reader: the cells of workbooks (xlsx, xlsm, xltx, xltm).
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "extractor/document_builder.h"
+
+namespace norvast {
+
+// Sheets in their order, each a part by its name, with its rows: what the cells show, formulas by
+// their last result, dates as 2026-03-01. Empty cells are left out. Comments are notes.
+ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters);
+
+}  // namespace norvast
