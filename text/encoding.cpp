@@ -18,7 +18,9 @@ namespace {
 // The detector looks at no more than that.
 constexpr std::size_t SAMPLE_BYTES = 8'000;
 
-// Of 100, as the detector counts.
+// Of 100, as the detector counts. Measured on 3,370 pieces of manual pages in 18 languages, of 120
+// to 20,000 bytes in the encodings that they were once written in: 98 % of those at or above it
+// were decoded without a fault (95 % of the shortest), and 27 of the 46 below.
 constexpr int LEAST_CONFIDENCE = 20;
 
 struct CloseConverter {
