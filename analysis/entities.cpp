@@ -7,7 +7,7 @@
 
 #include "analysis/entity_patterns.h"
 #include "analysis/text_blocks.h"
-#include "embedding/english_function_words.h"
+#include "embedding/function_words.h"
 #include "text/unicode.h"
 
 namespace norvast {

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <unordered_map>
 
-#include "embedding/english_function_words.h"
+#include "embedding/function_words.h"
 #include "text/word_scalars.h"
 
 namespace norvast {
@@ -101,8 +101,11 @@ std::vector<std::pair<std::string, double>> weighedWords(std::string_view text) 
   }
 
   std::vector<std::pair<std::string, double>> words = counter.take();
+  FunctionWordCount functionWords;
+  for (const auto& [word, count] : words) functionWords.add(functionWord(word), count);
   for (auto& [word, weight] : words) {
-    weight = std::sqrt(weight) * (isFunctionWord(word) ? FUNCTION_WORD_WEIGHT : 1);
+    weight = std::sqrt(weight);
+    if (functionWords.holds(functionWord(word))) weight *= FUNCTION_WORD_WEIGHT;
   }
   return words;
 }

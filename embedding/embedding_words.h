@@ -9,8 +9,8 @@
 namespace norvast {
 
 // The distinct words of a text in ascending byte order, lower-case, each with the square root of
-// its count, times 0.1 for a function word (english_function_words.h). Empty for a text without a
-// letter or digit. The text may be any bytes; invalid UTF-8 separates words.
+// its count, times 0.1 for one that is a function word in this text (function_words.h). Empty for a
+// text without a letter or digit. The text may be any bytes; invalid UTF-8 separates words.
 //
 // A word is a run of letters and digits; an apostrophe and s behind it are dropped with it. Counted
 // are, each occurrence:

@@ -1,5 +1,6 @@
 #include "embedding/sentence_embedding.h"
 
+#include <algorithm>
 #include <cmath>
 #include <span>
 #include <string>
@@ -9,8 +10,25 @@
 #include "embedding/embedding_features.h"
 #include "embedding/embedding_words.h"
 #include "embedding/english_stemmer.h"
+#include "embedding/stem_weights.h"
 
 namespace norvast {
+
+namespace {
+
+// What a word adds to any text, but for its count there.
+struct TakenApartWord {
+  WordFeatures features;
+  double weight = 1;
+};
+
+constexpr double NUMBER_WEIGHT = 1.3;
+
+bool isNumber(std::string_view word) {
+  return std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
 
 // The features of the words met last: texts repeat their words, and taking a word apart is most of
 // the work.
@@ -18,15 +36,15 @@ class WordFeatureCache {
  public:
   explicit WordFeatureCache(EnglishStemmer stemmer) : stemmer_(std::move(stemmer)) {}
 
-  // Adds the features of a word of that weight to `sum`.
+  // Adds the features of a word of that weight in its text to `sum`.
   void add(const std::string& word, double weight, std::span<double> sum) {
-    if (word.size() > LONGEST_BYTES) return addFeatures(takeApart(word), weight, sum);
+    if (word.size() > LONGEST_BYTES) return addTakenApart(takeApart(word), weight, sum);
     auto known = known_.find(word);
     if (known == known_.end()) {
       if (known_.size() >= MOST_WORDS) known_.clear();
       known = known_.emplace(word, takeApart(word)).first;
     }
-    addFeatures(known->second, weight, sum);
+    addTakenApart(known->second, weight, sum);
   }
 
  private:
@@ -35,12 +53,17 @@ class WordFeatureCache {
   static constexpr std::size_t MOST_WORDS = 4096;
   static constexpr std::size_t LONGEST_BYTES = 32;
 
-  WordFeatures takeApart(const std::string& word) const {
-    return featuresOf(word, stemmer_.stem(word));
+  TakenApartWord takeApart(const std::string& word) const {
+    const std::string stem = stemmer_.stem(word);
+    return {featuresOf(word, stem), isNumber(word) ? NUMBER_WEIGHT : stemWeight(stem)};
+  }
+
+  static void addTakenApart(const TakenApartWord& word, double weight, std::span<double> sum) {
+    addFeatures(word.features, weight * word.weight, sum);
   }
 
   EnglishStemmer stemmer_;
-  std::unordered_map<std::string, WordFeatures> known_;
+  std::unordered_map<std::string, TakenApartWord> known_;
 };
 
 std::optional<SentenceEmbedding> SentenceEmbedding::english() {

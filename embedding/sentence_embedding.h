@@ -15,7 +15,7 @@ inline constexpr std::size_t EMBEDDING_DIMENSIONS = 512;
 
 // Names the scheme that is written down below. Vectors of two schemes must never be compared:
 // whatever changes a single number of a vector changes this name.
-inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-1";
+inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-2";
 
 // The English model. It needs no weights: a text is the sum of hashed features of its words, so
 // that texts meet through common words, stems, and pieces of words (names, numbers, identifiers,
@@ -26,7 +26,8 @@ inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-1";
 //   1. The text is decomposed (NFKD), its combining marks are dropped, the rest is recomposed
 //   (NFC).
 //   2. Words are cut from it and counted, function words weigh little (embedding_words.h).
-//   3. In ascending byte order of the words, each adds its features (embedding_features.h).
+//   3. In ascending byte order of the words, each adds its features (embedding_features.h); its
+//   weight is multiplied by that of its stem (stem_weights.h), or by 1.3 for a run of digits.
 //   4. The sum is scaled to length 1.
 class SentenceEmbedding {
  public:

@@ -1,0 +1,67 @@
+#include "embedding/function_words.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "embedding/function_word_lists.h"
+
+namespace norvast {
+namespace {
+
+using Words = std::unordered_map<std::string_view, FunctionWord>;
+
+static_assert(function_word_lists::ALL.size() == LANGUAGES);
+
+LanguageBits bit(std::size_t language) { return static_cast<LanguageBits>(1U << language); }
+
+// Calls `visit` with each word of a list that blanks separate.
+template <typename Visit>
+void forEachWord(std::string_view list, Visit visit) {
+  while (!list.empty()) {
+    const std::size_t length = std::min(list.find(' '), list.size());
+    if (length > 0) visit(list.substr(0, length));
+    list.remove_prefix(std::min(length + 1, list.size()));
+  }
+}
+
+Words readLists() {
+  Words words;
+  for (std::size_t language = 0; language < LANGUAGES; ++language) {
+    const auto& list = function_word_lists::ALL[language];
+    forEachWord(list.everywhere,
+                [&](std::string_view word) { words[word].everywhere |= bit(language); });
+    forEachWord(list.inItsTextsAlone,
+                [&](std::string_view word) { words[word].inItsTextsAlone |= bit(language); });
+  }
+  return words;
+}
+
+}  // namespace
+
+FunctionWord functionWord(std::string_view word) {
+  static const Words WORDS = readLists();
+  const auto found = WORDS.find(word);
+  return found == WORDS.end() ? FunctionWord() : found->second;
+}
+
+void FunctionWordCount::add(FunctionWord word, double count) {
+  for (std::size_t language = 0; language < LANGUAGES; ++language) {
+    if ((word.everywhere & bit(language)) != 0) counts_[language] += count;
+  }
+}
+
+bool FunctionWordCount::holds(FunctionWord word) const {
+  if (word.everywhere != 0) return true;
+  for (std::size_t language = 0; language < LANGUAGES; ++language) {
+    if ((word.inItsTextsAlone & bit(language)) != 0 && counts_[language] > counts_[0]) return true;
+  }
+  return false;
+}
+
+std::optional<Language> FunctionWordCount::language() const {
+  const auto most = std::max_element(counts_.begin(), counts_.end());
+  if (*most == 0) return std::nullopt;
+  return static_cast<Language>(most - counts_.begin());
+}
+
+}  // namespace norvast

@@ -1,0 +1,191 @@
+// Stem weight table: the most frequent English stems and their weights in hundredths, in byte
+// order. Made by scripts/make-stem-weights from the glosses and sense counts of WordNet 3.0, whose
+// notice is:
+//
+//   This software and database is being provided to you, the LICENSEE, by Princeton University
+//   under the following license. By obtaining, using and/or copying this software and database,
+//   you agree that you have read, understood, and will comply with these terms and conditions.:
+//   Permission to use, copy, modify and distribute this software and database and its
+//   documentation for any purpose and without fee or royalty is hereby granted, provided that you
+//   agree to comply with the following copyright notice and statements, including the disclaimer,
+//   and that the same appear on ALL copies of the software, database and documentation, including
+//   modifications that you make for internal use or for distribution.
+//   WordNet 3.0 Copyright 2006 by Princeton University. All rights reserved.
+//   THIS SOFTWARE AND DATABASE IS PROVIDED "AS IS" AND PRINCETON UNIVERSITY MAKES NO
+//   REPRESENTATIONS OR WARRANTIES, EXPRESS OR IMPLIED. BY WAY OF EXAMPLE, BUT NOT LIMITATION,
+//   PRINCETON UNIVERSITY MAKES NO REPRESENTATIONS OR WARRANTIES OF MERCHANT- ABILITY OR FITNESS
+//   FOR ANY PARTICULAR PURPOSE OR THAT THE USE OF THE LICENSED SOFTWARE, DATABASE OR DOCUMENTATION
+//   WILL NOT INFRINGE ANY THIRD PARTY PATENTS, COPYRIGHTS, TRADEMARKS OR OTHER RIGHTS.
+//   The name of Princeton University or Princeton may not be used in advertising or publicity
+//   pertaining to distribution of the software and/or database. Title to copyright in this
+//   software, database and any associated documentation shall at all times remain with Princeton
+//   University and LICENSEE agrees to preserve same.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace norvast {
+
+struct StemWeight {
+  std::string_view stem;
+  int percent;
+};
+
+// clang-format off
+inline constexpr auto STEM_WEIGHTS = std::to_array<StemWeight>({
+    {"abl", 93}, {"accept", 84}, {"accord", 98}, {"achiev", 85}, {"acid", 97}, {"act", 66},
+    {"action", 78}, {"activ", 76}, {"actual", 95}, {"add", 81}, {"addit", 98}, {"address", 99},
+    {"admit", 97}, {"advanc", 94}, {"affect", 89}, {"africa", 97}, {"age", 85}, {"ago", 97},
+    {"agre", 94}, {"aid", 98}, {"air", 81}, {"allow", 83}, {"alon", 95}, {"america", 79},
+    {"american", 70}, {"amount", 83}, {"ancient", 95}, {"anim", 80}, {"announc", 94},
+    {"answer", 85}, {"apart", 98}, {"appar", 95}, {"appear", 71}, {"appli", 86}, {"approach", 90},
+    {"area", 72}, {"arm", 81}, {"armi", 96}, {"arrang", 91}, {"art", 89}, {"artist", 96},
+    {"asia", 97}, {"ask", 68}, {"assign", 98}, {"assist", 97}, {"associ", 90}, {"assum", 91},
+    {"attach", 98}, {"attack", 91}, {"attempt", 89}, {"attend", 93}, {"attent", 92},
+    {"attitud", 97}, {"attract", 96}, {"audienc", 98}, {"author", 83}, {"avail", 91},
+    {"averag", 97}, {"avoid", 97}, {"bad", 92}, {"ball", 91}, {"bank", 98}, {"base", 79},
+    {"basi", 97}, {"basic", 92}, {"battl", 90}, {"bear", 86}, {"beauti", 98}, {"becom", 60},
+    {"bed", 97}, {"begin", 63}, {"behavior", 93}, {"believ", 76}, {"best", 88}, {"better", 85},
+    {"big", 88}, {"bird", 92}, {"black", 84}, {"block", 99}, {"blood", 82}, {"blow", 98},
+    {"blue", 85}, {"board", 96}, {"bodi", 68}, {"book", 86}, {"born", 92}, {"boy", 80},
+    {"branch", 86}, {"break", 88}, {"breath", 98}, {"bright", 96}, {"bring", 76}, {"british", 96},
+    {"brown", 91}, {"build", 76}, {"burn", 96}, {"busi", 82}, {"buy", 91}, {"call", 71},
+    {"capabl", 90}, {"capit", 94}, {"car", 87}, {"care", 80}, {"carri", 78}, {"case", 81},
+    {"catch", 93}, {"cathol", 99}, {"caus", 66}, {"cell", 80}, {"center", 84}, {"central", 83},
+    {"centuri", 85}, {"certain", 74}, {"chang", 69}, {"charact", 93}, {"character", 88},
+    {"characterist", 83}, {"charg", 86}, {"check", 95}, {"chemic", 99}, {"child", 76},
+    {"children", 98}, {"choos", 93}, {"christian", 96}, {"church", 82}, {"citi", 76}, {"claim", 90},
+    {"class", 94}, {"clean", 96}, {"clear", 80}, {"close", 72}, {"cloth", 86}, {"coast", 99},
+    {"coat", 95}, {"cold", 94}, {"collect", 89}, {"color", 76}, {"combin", 91}, {"come", 55},
+    {"command", 93}, {"common", 81}, {"communic", 94}, {"communiti", 95}, {"compani", 86},
+    {"compar", 92}, {"complet", 75}, {"compos", 92}, {"compound", 99}, {"comput", 88},
+    {"concentr", 97}, {"condit", 82}, {"conduct", 90}, {"connect", 90}, {"consid", 74},
+    {"consider", 94}, {"consist", 78}, {"constitut", 99}, {"construct", 94}, {"contain", 72},
+    {"continu", 72}, {"contract", 99}, {"contribut", 94}, {"control", 79}, {"cook", 97},
+    {"corner", 99}, {"cost", 87}, {"countri", 80}, {"cours", 88}, {"court", 93}, {"cover", 74},
+    {"creat", 82}, {"cri", 99}, {"critic", 96}, {"cross", 94}, {"crowd", 99}, {"cultiv", 98},
+    {"cultur", 94}, {"current", 98}, {"curv", 98}, {"cut", 82}, {"danc", 94}, {"danger", 96},
+    {"dark", 79}, {"data", 94}, {"day", 67}, {"dead", 90}, {"deal", 88}, {"death", 85},
+    {"decid", 88}, {"declar", 95}, {"deep", 91}, {"degre", 87}, {"demand", 88}, {"demonstr", 98},
+    {"deni", 99}, {"depart", 98}, {"deriv", 94}, {"design", 79}, {"desir", 89}, {"destroy", 93},
+    {"detail", 95}, {"detect", 97}, {"determin", 78}, {"develop", 66}, {"devic", 92}, {"die", 84},
+    {"differ", 71}, {"difficult", 97}, {"direct", 70}, {"discov", 92}, {"discuss", 87},
+    {"diseas", 89}, {"distanc", 91}, {"distinct", 94}, {"distribut", 90}, {"divid", 98},
+    {"doctor", 96}, {"dog", 96}, {"domin", 94}, {"door", 85}, {"draw", 84}, {"dream", 99},
+    {"dress", 93}, {"dri", 91}, {"drink", 90}, {"drive", 84}, {"drop", 88}, {"drug", 91},
+    {"ear", 98}, {"earli", 83}, {"earth", 86}, {"easi", 97}, {"east", 99}, {"eastern", 91},
+    {"eat", 92}, {"econom", 91}, {"edg", 96}, {"educ", 92}, {"effect", 74}, {"effort", 90},
+    {"elect", 91}, {"electr", 90}, {"element", 92}, {"emerg", 98}, {"emot", 89}, {"employ", 90},
+    {"end", 71}, {"enemi", 91}, {"energi", 95}, {"engag", 95}, {"engin", 99}, {"england", 95},
+    {"english", 86}, {"enjoy", 92}, {"enter", 85}, {"entir", 92}, {"equal", 85}, {"equip", 93},
+    {"especi", 66}, {"essenti", 97}, {"establish", 81}, {"estim", 98}, {"etc", 98}, {"europ", 93},
+    {"european", 95}, {"event", 89}, {"evid", 86}, {"examin", 98}, {"exampl", 99}, {"excit", 96},
+    {"exercis", 96}, {"exist", 79}, {"expect", 75}, {"experi", 75}, {"express", 74}, {"extend", 91},
+    {"extrem", 93}, {"eye", 70}, {"face", 67}, {"fact", 85}, {"fail", 90}, {"fall", 83},
+    {"famili", 72}, {"far", 85}, {"farm", 99}, {"father", 92}, {"favor", 97}, {"fear", 86},
+    {"featur", 93}, {"feed", 86}, {"feel", 58}, {"fellow", 95}, {"field", 80}, {"fight", 78},
+    {"figur", 78}, {"file", 94}, {"fill", 84}, {"film", 92}, {"final", 85}, {"fine", 91},
+    {"finger", 98}, {"finish", 94}, {"fire", 79}, {"firm", 93}, {"first", 63}, {"fish", 87},
+    {"fit", 91}, {"five", 90}, {"fix", 94}, {"flat", 97}, {"fli", 94}, {"floor", 98}, {"flow", 90},
+    {"flower", 68}, {"follow", 69}, {"food", 86}, {"foot", 80}, {"forc", 73}, {"forget", 96},
+    {"form", 58}, {"former", 87}, {"forward", 94}, {"found", 87}, {"four", 82}, {"free", 89},
+    {"french", 95}, {"friend", 80}, {"front", 95}, {"fruit", 87}, {"full", 89}, {"function", 85},
+    {"further", 95}, {"futur", 96}, {"gain", 95}, {"game", 85}, {"gas", 98}, {"general", 77},
+    {"genus", 66}, {"girl", 85}, {"given", 93}, {"glass", 99}, {"go", 60}, {"god", 84},
+    {"good", 67}, {"govern", 78}, {"grass", 97}, {"great", 68}, {"greek", 94}, {"green", 90},
+    {"ground", 82}, {"group", 82}, {"grow", 75}, {"growth", 95}, {"gun", 91}, {"hair", 88},
+    {"half", 92}, {"hand", 71}, {"handl", 93}, {"hang", 96}, {"happen", 81}, {"hard", 80},
+    {"head", 67}, {"hear", 70}, {"heart", 88}, {"heat", 91}, {"heavi", 92}, {"help", 74},
+    {"herb", 87}, {"high", 68}, {"histori", 91}, {"hit", 87}, {"hold", 67}, {"home", 78},
+    {"hope", 82}, {"hors", 84}, {"hot", 94}, {"hour", 87}, {"hous", 76}, {"human", 82},
+    {"husband", 97}, {"idea", 82}, {"imag", 98}, {"imagin", 91}, {"immedi", 96}, {"import", 75},
+    {"impress", 99}, {"improv", 91}, {"includ", 69}, {"increas", 72}, {"independ", 94},
+    {"indic", 76}, {"individu", 84}, {"industri", 88}, {"influenc", 92}, {"inform", 74},
+    {"inhabit", 99}, {"instrument", 92}, {"intend", 96}, {"intens", 93}, {"interest", 76},
+    {"intern", 96}, {"introduc", 99}, {"involv", 79}, {"island", 95}, {"issu", 92}, {"item", 97},
+    {"job", 86}, {"join", 89}, {"keep", 70}, {"kill", 87}, {"kind", 82}, {"knowledg", 98},
+    {"known", 95}, {"lack", 81}, {"land", 83}, {"languag", 78}, {"larg", 65}, {"last", 76},
+    {"late", 96}, {"later", 85}, {"laugh", 97}, {"law", 80}, {"lead", 76}, {"learn", 83},
+    {"leav", 60}, {"left", 89}, {"leg", 88}, {"length", 98}, {"less", 84}, {"letter", 89},
+    {"level", 85}, {"lie", 79}, {"life", 71}, {"light", 70}, {"limit", 87}, {"line", 71},
+    {"liquid", 90}, {"listen", 93}, {"literatur", 98}, {"littl", 71}, {"live", 67}, {"local", 86},
+    {"locat", 89}, {"long", 66}, {"look", 64}, {"lose", 83}, {"loss", 96}, {"loud", 97},
+    {"love", 84}, {"low", 83}, {"lower", 93}, {"made", 75}, {"main", 95}, {"maintain", 90},
+    {"major", 86}, {"make", 40}, {"man", 47}, {"manag", 88}, {"manner", 70}, {"march", 96},
+    {"mark", 80}, {"market", 95}, {"marri", 99}, {"mass", 87}, {"materi", 80}, {"matter", 87},
+    {"mean", 64}, {"measur", 76}, {"mechan", 99}, {"meet", 74}, {"member", 79}, {"memori", 99},
+    {"mention", 96}, {"mere", 95}, {"metal", 90}, {"method", 89}, {"militari", 89}, {"million", 99},
+    {"mind", 80}, {"minut", 92}, {"miss", 98}, {"modern", 91}, {"moment", 85}, {"money", 82},
+    {"month", 88}, {"moral", 97}, {"morn", 93}, {"mother", 89}, {"mountain", 95}, {"mouth", 93},
+    {"move", 67}, {"movement", 90}, {"murder", 98}, {"muscl", 92}, {"music", 81}, {"name", 75},
+    {"narrow", 98}, {"nation", 81}, {"nativ", 93}, {"natur", 75}, {"necessari", 96}, {"new", 62},
+    {"next", 87}, {"night", 81}, {"normal", 87}, {"north", 74}, {"northern", 88}, {"note", 80},
+    {"notic", 97}, {"number", 72}, {"object", 79}, {"observ", 83}, {"obtain", 83}, {"obvious", 99},
+    {"occur", 80}, {"offer", 84}, {"offic", 75}, {"offici", 95}, {"oil", 98}, {"old", 71},
+    {"open", 69}, {"oper", 76}, {"oppos", 98}, {"opposit", 97}, {"order", 73}, {"organ", 72},
+    {"origin", 86}, {"pain", 89}, {"paint", 90}, {"pair", 99}, {"paper", 88}, {"part", 62},
+    {"parti", 89}, {"particl", 97}, {"particular", 80}, {"pass", 77}, {"past", 89}, {"patient", 94},
+    {"pattern", 94}, {"pay", 79}, {"payment", 99}, {"peopl", 64}, {"perenni", 94}, {"perform", 77},
+    {"period", 83}, {"permit", 93}, {"person", 64}, {"physic", 86}, {"pictur", 90}, {"piec", 88},
+    {"place", 63}, {"plan", 78}, {"plane", 96}, {"plant", 67}, {"play", 65}, {"player", 99},
+    {"point", 71}, {"polici", 97}, {"polit", 83}, {"poor", 99}, {"posit", 74}, {"possess", 94},
+    {"possibl", 76}, {"power", 76}, {"practic", 83}, {"prepar", 85}, {"present", 72},
+    {"presid", 97}, {"press", 97}, {"pressur", 87}, {"prevent", 86}, {"previous", 98},
+    {"price", 90}, {"principl", 99}, {"privat", 98}, {"probabl", 86}, {"problem", 78},
+    {"procedur", 99}, {"process", 79}, {"produc", 72}, {"product", 79}, {"program", 82},
+    {"progress", 97}, {"project", 94}, {"promis", 98}, {"proper", 99}, {"properti", 85},
+    {"propos", 95}, {"protect", 87}, {"protest", 94}, {"prove", 91}, {"provid", 68}, {"public", 79},
+    {"publish", 99}, {"pull", 93}, {"purpos", 85}, {"push", 96}, {"put", 72}, {"qualiti", 80},
+    {"question", 79}, {"quick", 92}, {"race", 98}, {"radiat", 98}, {"rais", 83}, {"rang", 86},
+    {"rapid", 95}, {"rate", 86}, {"reach", 77}, {"reaction", 97}, {"read", 79}, {"readi", 96},
+    {"real", 93}, {"realiz", 95}, {"reason", 82}, {"receiv", 76}, {"recent", 95}, {"recogn", 90},
+    {"recommend", 97}, {"record", 82}, {"red", 79}, {"reduc", 84}, {"refer", 90}, {"reflect", 90},
+    {"refus", 96}, {"regiment", 87}, {"region", 81}, {"regular", 99}, {"relat", 58}, {"releas", 99},
+    {"religi", 90}, {"religion", 96}, {"remain", 78}, {"remark", 92}, {"rememb", 82}, {"remov", 81},
+    {"repeat", 94}, {"replac", 97}, {"repli", 99}, {"report", 78}, {"repres", 83}, {"requir", 75},
+    {"research", 99}, {"resembl", 81}, {"resist", 99}, {"respect", 91}, {"respons", 87},
+    {"rest", 91}, {"result", 72}, {"return", 79}, {"ride", 93}, {"rifl", 99}, {"right", 73},
+    {"rise", 86}, {"river", 85}, {"road", 90}, {"rock", 97}, {"role", 99}, {"roll", 96},
+    {"roman", 98}, {"room", 83}, {"root", 99}, {"round", 96}, {"rule", 89}, {"run", 71},
+    {"save", 94}, {"scale", 99}, {"scene", 97}, {"school", 81}, {"scienc", 98}, {"score", 97},
+    {"sea", 89}, {"season", 97}, {"second", 81}, {"secret", 97}, {"section", 91}, {"secur", 93},
+    {"see", 48}, {"seed", 96}, {"seek", 91}, {"seem", 59}, {"select", 96}, {"sell", 89},
+    {"send", 86}, {"sens", 85}, {"separ", 86}, {"seri", 95}, {"serious", 96}, {"serv", 74},
+    {"servic", 88}, {"set", 74}, {"settl", 98}, {"shake", 97}, {"shape", 76}, {"share", 89},
+    {"sharp", 98}, {"ship", 89}, {"shoot", 90}, {"short", 81}, {"shoulder", 96}, {"shrub", 86},
+    {"side", 74}, {"sign", 93}, {"signific", 98}, {"similar", 86}, {"simpl", 96}, {"sing", 93},
+    {"singl", 87}, {"sit", 82}, {"site", 98}, {"situat", 88}, {"six", 95}, {"size", 88},
+    {"skill", 93}, {"skin", 93}, {"sleep", 93}, {"slowli", 97}, {"small", 58}, {"smile", 91},
+    {"smoke", 94}, {"social", 84}, {"societi", 91}, {"soft", 90}, {"soil", 97}, {"soldier", 83},
+    {"solid", 97}, {"sometim", 82}, {"son", 98}, {"sound", 76}, {"sourc", 89}, {"south", 81},
+    {"southern", 84}, {"space", 87}, {"speak", 81}, {"speci", 97}, {"special", 87}, {"specif", 93},
+    {"speech", 99}, {"speed", 98}, {"spend", 88}, {"spirit", 88}, {"spot", 98}, {"spread", 92},
+    {"spring", 99}, {"squar", 99}, {"stage", 90}, {"stain", 98}, {"stand", 71}, {"standard", 99},
+    {"stare", 95}, {"start", 71}, {"state", 53}, {"statement", 96}, {"stay", 89}, {"stem", 92},
+    {"step", 89}, {"stock", 96}, {"stop", 81}, {"store", 95}, {"stori", 95}, {"street", 91},
+    {"strength", 97}, {"stress", 90}, {"strike", 89}, {"strong", 84}, {"structur", 86},
+    {"student", 89}, {"studi", 72}, {"style", 97}, {"subject", 86}, {"substanc", 91},
+    {"success", 83}, {"sudden", 83}, {"suffer", 90}, {"suggest", 84}, {"sun", 94}, {"suppli", 88},
+    {"support", 79}, {"suppos", 93}, {"sure", 92}, {"surfac", 76}, {"surpris", 97}, {"swing", 98},
+    {"system", 75}, {"tabl", 92}, {"take", 55}, {"talk", 83}, {"tall", 93}, {"tax", 97},
+    {"teach", 91}, {"team", 96}, {"temperatur", 91}, {"ten", 96}, {"tend", 95}, {"term", 87},
+    {"test", 89}, {"th", 94}, {"theori", 91}, {"thick", 96}, {"thin", 93}, {"thing", 68},
+    {"think", 62}, {"third", 93}, {"thought", 85}, {"three", 73}, {"throw", 91}, {"time", 55},
+    {"tissu", 92}, {"today", 92}, {"togeth", 82}, {"tone", 96}, {"top", 90}, {"total", 92},
+    {"touch", 93}, {"town", 88}, {"trade", 88}, {"tradit", 95}, {"train", 82}, {"travel", 91},
+    {"treat", 86}, {"treatment", 96}, {"tree", 70}, {"tri", 69}, {"trial", 93}, {"tropic", 87},
+    {"troubl", 94}, {"true", 89}, {"turn", 71}, {"two", 56}, {"type", 76}, {"understand", 80},
+    {"unit", 59}, {"univers", 91}, {"use", 41}, {"usual", 65}, {"valu", 78}, {"vari", 98},
+    {"varieti", 97}, {"various", 80}, {"view", 87}, {"visit", 93}, {"voic", 81}, {"vote", 97},
+    {"wage", 97}, {"wait", 82}, {"walk", 78}, {"wall", 86}, {"war", 81}, {"warm", 97}, {"wash", 99},
+    {"watch", 81}, {"water", 68}, {"wave", 90}, {"way", 66}, {"wear", 89}, {"week", 89},
+    {"well", 79}, {"west", 93}, {"western", 88}, {"white", 73}, {"whole", 86}, {"wide", 83},
+    {"wife", 87}, {"wild", 95}, {"win", 89}, {"wind", 96}, {"window", 93}, {"wish", 89},
+    {"woman", 80}, {"wonder", 89}, {"wood", 86}, {"word", 73}, {"work", 59}, {"world", 70},
+    {"worri", 98}, {"write", 71}, {"writer", 96}, {"year", 63}, {"yellow", 83}, {"yield", 99},
+    {"young", 83}, {"youth", 72},
+});
+// clang-format on
+
+}  // namespace norvast
