@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "bench/bench_index.h"
+#include "bench/pdf_builder.h"
+#include "bench/picture.h"
 #include "bench/ratio.h"
 #include "content/mcp_content.h"
 #include "platform/child_process.h"
@@ -17,8 +19,6 @@
 #include "platform/folders.h"
 #include "store/mcp_store.h"
 #include "tests/file_bytes.h"
-#include "tests/pdf_builder.h"
-#include "tests/picture.h"
 #include "text/utf8.h"
 #include "tools/call_tool.h"
 

@@ -13,7 +13,7 @@
 #include "content/mcp_content.h"
 #include "platform/descriptor.h"
 #include "platform/regular_file.h"
-#include "tests/pdf_builder.h"
+#include "tests/file_bytes.h"
 #include "tests/test_home.h"
 #include "text/file_name.h"
 
@@ -78,7 +78,7 @@ TEST(PlainText, IsTheLeadingBytesWhenTheyAreUtf8) {
 // The content is never asked what it is.
 TEST(Extract, ChoosesByTheExtensionAlone) {
   const TestHome home;
-  const std::string pdf = pdfOfPages({{"A page"}});
+  const std::string pdf = fileBytes(TEST_DATA "/pdf/lines.pdf");
   const struct {
     const char* name;
     std::string bytes;

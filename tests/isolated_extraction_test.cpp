@@ -2,13 +2,11 @@
 #include "content/isolated_extraction.h"
 
 #include <gtest/gtest.h>
-#include <leptonica/allheaders.h>
 
 #include <filesystem>
 
 #include "content/utf8_file.h"
-#include "tests/pdf_builder.h"
-#include "tests/picture.h"
+#include "tests/file_bytes.h"
 #include "tests/test_home.h"
 
 namespace norvast {
@@ -18,7 +16,7 @@ TEST(ChangingFile, GivesNothingOfWhatItLost) {
   const TestHome home;
   const auto path = home.path() / "file";
   for (const std::uintmax_t left : {std::uintmax_t{0}, std::uintmax_t{40}}) {
-    home.writeFile(path, pdfOfPages({{"A page"}}));
+    home.writeFile(path, fileBytes(TEST_DATA "/pdf/lines.pdf"));
     const auto file = openRegularFile(path);
     std::filesystem::resize_file(path, left);
     EXPECT_EQ(isolatedPdfText(*file, 100).index(), 1U) << left;

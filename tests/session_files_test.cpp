@@ -65,6 +65,8 @@ struct Case {
   std::vector<Step> steps;
 };
 
+void PrintTo(const Case& one, std::ostream* to) { *to << one.title; }
+
 std::vector<Case> allCases() {
   std::vector<Case> cases;
   for (const auto& file : std::filesystem::directory_iterator(SESSIONS)) {

@@ -1,4 +1,4 @@
-#include "tests/pdf_builder.h"
+#include "bench/pdf_builder.h"
 
 #include <cstdio>
 

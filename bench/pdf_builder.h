@@ -1,4 +1,4 @@
-// PDF builder: small PDF documents for tests, right or wrong on purpose.
+// PDF builder: small PDF documents for measuring.
 #pragma once
 
 #include <string>
