@@ -14,6 +14,7 @@
 #include "bench/picture.h"
 #include "bench/ratio.h"
 #include "content/mcp_content.h"
+#include "json/json_writer.h"
 #include "platform/child_process.h"
 #include "platform/descriptor.h"
 #include "platform/folders.h"
@@ -105,7 +106,10 @@ class FileReading {
 
  private:
   void callTool(const std::string& path) const {
-    const Json answer = norvast::callTool("read_file_content", {{"path", path}}, store_, sentence_);
+    const std::string text =
+        writeJson(Json::Object{{"path", path}}, JsonStyle::compact).value_or("");
+    const Json answer =
+        norvast::callTool("read_file_content", Arguments(JsonText::parse(text)), store_, sentence_);
     if (*member(*answer.object(), "isError")->boolean()) std::puts("the tool gave nothing");
   }
 

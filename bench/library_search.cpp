@@ -38,9 +38,9 @@ void run() {
   index.addSwitchFile("mcp.librarymeta");
   const std::optional<MCPStore> store = MCPStore::open();
   const auto sentence = SentenceEmbedding::english();
-  const Json::Object query{{"query", "garden"}};
-  const Json::Object question{
-      {"question", "Which garden report of the village quarter has music and compost?"}};
+  const Arguments query(JsonText::parse(R"({"query":"garden"})"));
+  const Arguments question(JsonText::parse(
+      R"({"question":"Which garden report of the village quarter has music and compost?"})"));
 
   const auto search = [&] { (void)callTool("search_library", query, store, sentence); };
   printPeakMemory("search_library, 100,000 files", search);

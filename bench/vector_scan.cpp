@@ -29,7 +29,7 @@ void run() {
   index.addEmbeddedFiles(100'000, 3);
   const std::optional<MCPStore> store = MCPStore::open();
   const auto sentence = SentenceEmbedding::english();
-  const Json::Object query{{"query", "garden report for the summer quarter"}};
+  const Arguments query(JsonText::parse(R"({"query":"garden report for the summer quarter"})"));
 
   const auto search = [&] { (void)callTool("semantic_search", query, store, sentence); };
   printPeakMemory("semantic_search, 100,000 files", search);

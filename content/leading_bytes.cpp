@@ -15,7 +15,7 @@ std::string leadingBytes(const Descriptor& file, std::size_t limit) {
   while (bytes.size() < limit) {
     const std::size_t start = bytes.size();
     bytes.resize(start + std::min(limit - start, MOST_BYTES_A_READ));
-    const auto count = file.read(std::span(bytes).subspan(start));
+    const auto count = file.readAtOnce(std::span(bytes).subspan(start));
     if (!count) return {};
     bytes.resize(start + *count);
     if (*count == 0) break;

@@ -1,4 +1,4 @@
-// JSON value: what requests are parsed into and what every answer is built from.
+// JSON value: what every answer is built from.
 #pragma once
 
 #include <concepts>
@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <initializer_list>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,19 +15,18 @@
 namespace norvast {
 
 // One JSON value of any type. Strings are UTF-8. Copying, comparing and destroying recurse over
-// the nesting, which the parser limits.
+// the nesting.
 class Json {
  public:
   using Array = std::vector<Json>;
   // Sorted by key, byte-wise.
   using Object = std::map<std::string, Json, std::less<>>;
-  // A number as it was written, for one that is no signed 64-bit integer (a fraction, an exponent,
-  // more digits, or -0): it must come back with the same digits.
-  struct NumberText {
+  // A value that is JSON text already, and is written as it stands.
+  struct Text {
     std::string text;
   };
-  using Value = std::variant<std::nullptr_t, bool, std::int64_t, double, NumberText, std::string,
-                             Array, Object>;
+  using Value =
+      std::variant<std::nullptr_t, bool, std::int64_t, double, Text, std::string, Array, Object>;
 
   Json() = default;
   Json(std::nullptr_t) {}
@@ -36,7 +34,7 @@ class Json {
   Json(std::integral auto value) requires(!std::same_as<decltype(value), bool>)
       : value_(static_cast<std::int64_t>(value)) {}
   Json(double value) : value_(value) {}
-  Json(NumberText value) : value_(std::move(value)) {}
+  Json(Text value) : value_(std::move(value)) {}
   Json(std::string value) : value_(std::move(value)) {}
   Json(std::string_view value) : value_(std::string(value)) {}
   Json(const char* value) : value_(std::string(value)) {}
@@ -48,14 +46,7 @@ class Json {
   // The value when it is of that type, else nullptr. Owned by this value.
   const std::string* string() const { return std::get_if<std::string>(&value_); }
   const bool* boolean() const { return std::get_if<bool>(&value_); }
-  const Array* array() const { return std::get_if<Array>(&value_); }
   const Object* object() const { return std::get_if<Object>(&value_); }
-  Array* array() { return std::get_if<Array>(&value_); }
-  Object* object() { return std::get_if<Object>(&value_); }
-
-  // The value of a parsed number that is whole and fits 64 bits, however it was written
-  // (3, 3.0, 1e2); else nothing.
-  std::optional<std::int64_t> wholeNumber() const;
 
  private:
   Value value_ = nullptr;

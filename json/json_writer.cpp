@@ -39,7 +39,7 @@ class Writer {
   bool put(std::nullptr_t) { return append("null"); }
   bool put(bool value) { return append(value ? "true" : "false"); }
   bool put(std::int64_t value) { return append(std::to_string(value)); }
-  bool put(const Json::NumberText& number) { return append(number.text); }
+  bool put(const Json::Text& value) { return append(value.text); }
 
   bool put(double value) {
     if (!std::isfinite(value)) return false;
@@ -49,15 +49,7 @@ class Writer {
   }
 
   bool put(const std::string& value) {
-    text_ += '"';
-    std::size_t written = 0;
-    for (std::size_t at = 0; at < value.size(); ++at) {
-      const std::string_view escape = escapeOf(value[at]);
-      if (escape.empty()) continue;
-      text_.append(value, written, at - written).append(escape);
-      written = at + 1;
-    }
-    text_.append(value, written).append("\"");
+    appendJsonString(text_, value);
     return true;
   }
 
@@ -104,6 +96,18 @@ class Writer {
 };
 
 }  // namespace
+
+void appendJsonString(std::string& text, std::string_view value) {
+  text += '"';
+  std::size_t written = 0;
+  for (std::size_t at = 0; at < value.size(); ++at) {
+    const std::string_view escape = escapeOf(value[at]);
+    if (escape.empty()) continue;
+    text.append(value, written, at - written).append(escape);
+    written = at + 1;
+  }
+  text.append(value, written).append("\"");
+}
 
 std::optional<std::string> writeJson(const Json& value, JsonStyle style) {
   Writer writer(style);

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "json/json.h"
 
@@ -14,10 +15,13 @@ enum class JsonStyle {
   pretty,   // a member or element a line, two blanks a level, "key" : value; [] and {} when empty
 };
 
-// The text of `value` as UTF-8, members in ascending order of their keys. In strings the quotation
-// mark, the backslash, the solidus and U+0000 to U+001F are escaped, all else stands as it is. A
-// double is written with the fewest digits that read back as itself. Nothing when a number in it
-// is NaN or infinite.
+// Appends a string, which is UTF-8, with its quotation marks. In it the quotation mark, the
+// backslash, the solidus and U+0000 to U+001F are escaped, all else stands as it is.
+void appendJsonString(std::string& text, std::string_view value);
+
+// The text of `value` as UTF-8, strings as above, members in ascending order of their keys. A
+// double is written with the fewest digits that read back as itself. Nothing when a number in it is
+// NaN or infinite.
 std::optional<std::string> writeJson(const Json& value, JsonStyle style);
 
 }  // namespace norvast

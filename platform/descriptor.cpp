@@ -33,6 +33,14 @@ std::optional<std::size_t> Descriptor::read(std::span<char> into) const {
   }
 }
 
+std::optional<std::size_t> Descriptor::readAtOnce(std::span<char> into) const {
+  for (;;) {
+    const ssize_t count = ::read(number_, into.data(), into.size());
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (errno != EINTR) return std::nullopt;
+  }
+}
+
 bool Descriptor::write(std::string_view bytes) const {
   while (!bytes.empty()) {
     const ssize_t count = ::write(number_, bytes.data(), bytes.size());

@@ -31,6 +31,10 @@ class Descriptor {
   // end, nothing on failure.
   std::optional<std::size_t> read(std::span<char> into) const;
 
+  // The same without waiting: nothing, too, where there is no byte yet. For files, which have all
+  // their bytes at once but for a few that the kernel makes up (/proc/kmsg).
+  std::optional<std::size_t> readAtOnce(std::span<char> into) const;
+
   // Writes all bytes, waiting as long as it takes. False when not all could be written.
   bool write(std::string_view bytes) const;
 

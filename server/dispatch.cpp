@@ -10,14 +10,6 @@
 namespace norvast {
 namespace {
 
-// The value under `key` when it is an object, else an empty one.
-const Json::Object& objectOrEmpty(const Json::Object& parent, const char* key) {
-  static const Json::Object EMPTY;
-  const Json* value = member(parent, key);
-  const Json::Object* object = value == nullptr ? nullptr : value->object();
-  return object == nullptr ? EMPTY : *object;
-}
-
 Json initializeResult() {
   return Json::Object{
       {"protocolVersion", PROTOCOL_VERSION},
@@ -29,21 +21,19 @@ Json initializeResult() {
   };
 }
 
-Json toolsCallResult(const Json::Object& message, const ProcessValues& values) {
-  const Json::Object& params = objectOrEmpty(message, "params");
-  return callTool(Arguments(params).str("name"), objectOrEmpty(params, "arguments"), values.store,
+Json toolsCallResult(const JsonText& message, const ProcessValues& values) {
+  const Arguments params(message.member("params"));
+  return callTool(params.str("name"), Arguments(params.value("arguments")), values.store,
                   values.sentence);
 }
 
 }  // namespace
 
-void handle(const Json::Object& message, const ProcessValues& values, const Descriptor& output) {
-  const Json* methodValue = member(message, "method");
-  const std::string* method = methodValue == nullptr ? nullptr : methodValue->string();
-  if (method == nullptr) return;
-
-  const Json* idValue = member(message, "id");
-  const std::optional<Json> id = idValue == nullptr ? std::nullopt : std::optional(*idValue);
+void handle(const JsonText& message, const ProcessValues& values, Output& output) {
+  const auto methodValue = message.member("method");
+  const auto method = methodValue ? methodValue->string() : std::nullopt;
+  if (!method) return;
+  const auto id = message.member("id");
 
   if (*method == "initialize") return reply(output, id, initializeResult());
   if (*method == "notifications/initialized" || *method == "initialized") return;

@@ -7,10 +7,11 @@
 #include <string>
 #include <utility>
 
-#include "json/json_parser.h"
+#include "json/json_text.h"
 #include "platform/descriptor.h"
 #include "server/dispatch.h"
 #include "server/line_reader.h"
+#include "server/output.h"
 #include "server/process_values.h"
 #include "text/utf8.h"
 
@@ -25,10 +26,11 @@ const ProcessValues& settleProcessValues() {
 }
 
 // A line that is no JSON object is dropped in silence, and so is one too large for the memory.
-void serve(std::string line, const ProcessValues& values, const Descriptor& output) {
+void serve(std::string line, const ProcessValues& values, Output& output) {
   try {
-    const auto message = parseJson(repairUtf8(std::move(line)));
-    if (message && message->object() != nullptr) handle(*message->object(), values, output);
+    const std::string text = repairUtf8(std::move(line));
+    const auto message = JsonText::parse(text);
+    if (message && message->isObject()) handle(*message, values, output);
   } catch (const std::bad_alloc&) {
   }
 }
@@ -42,7 +44,8 @@ int main() {
   ignoreBrokenPipes();
   const ProcessValues& values = settleProcessValues();
   const Descriptor input(STDIN_FILENO);
-  const Descriptor output(STDOUT_FILENO);
+  const Descriptor client(STDOUT_FILENO);
+  Output output(client);
   LineReader lines(input);
   while (auto line = lines.next()) serve(std::move(*line), values, output);
   return 0;

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "json/json.h"
-#include "platform/descriptor.h"
+#include "json/json_text.h"
+#include "server/output.h"
 
 namespace norvast {
 
@@ -15,11 +16,11 @@ inline constexpr std::int64_t METHOD_NOT_FOUND = -32601;
 
 // Writes {"jsonrpc": "2.0", "result": RESULT} with the request's "id" when it had one, null
 // included. The line has reached the client when this returns. A message that cannot be rendered
-// (NaN, infinity) or written (the client has gone) is dropped.
-void reply(const Descriptor& output, const std::optional<Json>& id, Json result);
+// (NaN, infinity) is dropped.
+void reply(Output& output, const std::optional<JsonText>& id, Json result);
 
 // As `reply`, with "error": {"code": CODE, "message": MESSAGE} in place of the result.
-void replyError(const Descriptor& output, const std::optional<Json>& id, std::int64_t code,
+void replyError(Output& output, const std::optional<JsonText>& id, std::int64_t code,
                 const std::string& message);
 
 }  // namespace norvast

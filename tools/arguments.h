@@ -2,17 +2,20 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "json/json.h"
+#include "json/json_text.h"
 
 namespace norvast {
 
-// Reads one call's arguments object, which must outlive it.
+// Reads one call's arguments, the members of an object. Where there is no object, there are none.
 class Arguments {
  public:
-  explicit Arguments(const Json::Object& values) : values_(values) {}
+  explicit Arguments(std::optional<JsonText> values) : values_(values) {}
+
+  std::optional<JsonText> value(std::string_view key) const;
 
   // The string under `key`, or the empty string when there is none or it is of another type.
   std::string str(std::string_view key) const;
@@ -22,7 +25,7 @@ class Arguments {
   std::int64_t intArg(std::string_view key, std::int64_t otherwise) const;
 
  private:
-  const Json::Object& values_;
+  std::optional<JsonText> values_;
 };
 
 }  // namespace norvast

@@ -4,7 +4,6 @@
 #include <variant>
 
 #include "access/switch_files.h"
-#include "tools/arguments.h"
 #include "tools/content_tool.h"
 #include "tools/library_answer_tool.h"
 #include "tools/library_search_tool.h"
@@ -48,7 +47,7 @@ Json run(const Tool& tool, const Arguments& args, const MCPStore& store, const S
 
 }  // namespace
 
-Json callTool(const std::string& name, const Json::Object& arguments,
+Json callTool(const std::string& name, const Arguments& arguments,
               const std::optional<MCPStore>& store, const Sentence& sentence) {
   if (isAccessOff()) {
     return textResult(
@@ -61,7 +60,7 @@ Json callTool(const std::string& name, const Json::Object& arguments,
                       IsError::yes);
   }
   for (const Tool& tool : TABLE) {
-    if (tool.name == name) return run(tool, Arguments(arguments), *store, sentence);
+    if (tool.name == name) return run(tool, arguments, *store, sentence);
   }
   return textResult("Unknown tool: " + name, IsError::yes);
 }

@@ -1,7 +1,8 @@
-#include "json/json.h"
+#include "json/whole_number.h"
 
 #include <algorithm>
 #include <charconv>
+#include <string>
 
 namespace norvast {
 namespace {
@@ -12,8 +13,10 @@ constexpr std::int64_t MOST_DIGITS = 19;
 // Further from zero than any text has digits, and far from overflow.
 constexpr std::int64_t MOST_EXPONENT = std::int64_t{1} << 40;
 
-// Exact, on the digits themselves: a double would round above 2^53. `text` is a JSON number.
-std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
+}  // namespace
+
+// On the digits themselves: a double would round above 2^53.
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
   const bool negative = text.starts_with('-');
   text.remove_prefix(negative ? 1 : 0);
 
@@ -49,14 +52,6 @@ std::optional<std::int64_t> wholeNumberOf(std::string_view text) {
   const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
   if (parsed.ec != std::errc()) return std::nullopt;
   return number;
-}
-
-}  // namespace
-
-std::optional<std::int64_t> Json::wholeNumber() const {
-  if (const auto* integer = std::get_if<std::int64_t>(&value_)) return *integer;
-  if (const auto* number = std::get_if<NumberText>(&value_)) return wholeNumberOf(number->text);
-  return std::nullopt;
 }
 
 }  // namespace norvast
