@@ -17,10 +17,12 @@
 namespace norvast {
 namespace {
 
-// Of the header that begins each database file: its length, its first bytes, and where two numbers
-// lie that the maker of the database sets, most significant byte first.
+// Of the header that begins each database file: its length, its first bytes, and where numbers lie,
+// most significant byte first; the last two are set by the maker of the database.
 constexpr std::size_t HEADER_BYTES = 100;
 constexpr std::string_view HEADER_START("SQLite format 3\0", 16);
+constexpr std::size_t WRITE_VERSION_AT = 18;  // 1 without a write-ahead log
+constexpr std::size_t SCHEMA_COOKIE_AT = 40;  // 0 as long as no table was made
 constexpr std::size_t USER_VERSION_AT = 60;
 constexpr std::size_t APPLICATION_ID_AT = 68;
 
@@ -31,6 +33,13 @@ bool run(const Connection& connection, const std::string& sql) {
 bool isEmpty(const Connection& connection) {
   Statement statement(connection, "SELECT COUNT(*) FROM sqlite_schema");
   return statement.step() && statement.integer(0) == 0;
+}
+
+// As another run leaves it for a moment that is about to make the tables.
+bool isNobodys(std::string_view header) {
+  return bigEndianAt(header, WRITE_VERSION_AT, 1) == 1 &&
+         bigEndianAt(header, SCHEMA_COOKIE_AT, 4) == 0 &&
+         bigEndianAt(header, APPLICATION_ID_AT, 4) == 0;
 }
 
 // Why the file at `path` must not be opened for writing, or an empty text. Opened with SQLite, a
@@ -46,6 +55,7 @@ std::string objection(const std::string& path) {
   if (!bytes.starts_with(HEADER_START)) {
     return "The index at " + path + " is no database; it is left as it is. Move it away.";
   }
+  if (isNobodys(bytes)) return {};
   if (bigEndianAt(bytes, APPLICATION_ID_AT, 4) != INDEX_APPLICATION_ID) {
     return "The index at " + path +
            " was not made by norvast_index; it is left as it is. Use the program that made it, or "
