@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "companion/nominations.h"
+#include "companion/decision_changes.h"
+#include "companion/index_files.h"
 
 namespace norvast {
 
@@ -18,15 +18,21 @@ enum class ExitStatus {
   incomplete = 3,  // done, but for files or folders that could not be read
 };
 
-enum class Verbosity { normal, quiet };
 enum class Switch { on, off };
 
 // Paths are as the user wrote them: files or folders, relative ones too.
-ExitStatus addCommand(const std::vector<std::string>& paths, std::optional<Nomination> nomination,
+ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& choices,
                       Verbosity verbosity);
+// Brings everything that was added up to date.
+ExitStatus updateCommand(Verbosity verbosity);
+
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination);
 ExitStatus withdrawCommand(const std::vector<std::string>& paths);
 ExitStatus removeCommand(const std::vector<std::string>& paths);
+
+// What was decided, as a table; or decided no longer.
+ExitStatus rulesCommand();
+ExitStatus clearRulesCommand(const std::vector<std::string>& paths);
 
 // AI access as a whole; metadata of the whole library.
 ExitStatus accessCommand(Switch position);

@@ -34,36 +34,26 @@ Folder openFolder(const std::string& path) {
 // Whether the last call failed because nothing of the kind is there any more.
 bool isGone() { return errno == ENOENT || errno == ENOTDIR || errno == ELOOP; }
 
-bool isUsable(std::string_view name) {
-  return name.find_first_of("\n\r") == std::string_view::npos &&
-         validUtf8Length(name) == name.size();
-}
-
 ScannedFile describe(std::string path, const struct stat& status) {
   return {std::move(path), status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 class Scan {
  public:
-  Scan(const std::function<void(ScannedFile)>& visit, ScanReport& report)
-      : visit_(visit), report_(report) {}
+  Scan(ScanFilter& filter, const std::function<void(ScannedFile)>& visit, ScanReport& report)
+      : filter_(filter), visit_(visit), report_(report) {}
 
-  void run(const std::string& root) {
+  void run(const std::string& root, const std::string& start) {
     if (isSensitive(root)) {
       ++report_.sensitivePaths;
       return;
     }
-    if (!isUsable(root)) {
-      ++report_.unusableNames;
+    if (!isIndexable(root)) {
+      report_.unusableNames.push_back(root);
       return;
     }
-    struct stat status {};
-    if (lstat(root.c_str(), &status) != 0) {
-      if (!isGone()) report_.unreadableFolders.push_back(root);
-      return;
-    }
-    if (S_ISREG(status.st_mode)) visit_(describe(root, status));
-    if (S_ISDIR(status.st_mode)) waiting_.push_back(root);
+    if (!isReached(root, start)) return;
+    scanPlace(start);
     while (!waiting_.empty()) {
       const std::string folder = std::move(waiting_.back());
       waiting_.pop_back();
@@ -72,7 +62,39 @@ class Scan {
   }
 
  private:
+  // Whether nothing on the way from the root to the start is left out.
+  bool isReached(const std::string& root, const std::string& start) {
+    std::string place = root;
+    while (place.size() < start.size()) {
+      const std::size_t from = place.size() + (place.ends_with('/') ? 0 : 1);
+      const std::string next = start.substr(0, start.find('/', from));
+      const EntryKind kind = next == start ? kindOf(start) : EntryKind::folder;
+      if (!filter_.enters(place) || !isTaken(next, std::string_view(next).substr(from), kind)) {
+        return false;
+      }
+      place = next;
+    }
+    return true;
+  }
+
+  static EntryKind kindOf(const std::string& path) {
+    struct stat status {};
+    const bool isFolder = lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return isFolder ? EntryKind::folder : EntryKind::file;
+  }
+
+  void scanPlace(const std::string& place) {
+    struct stat status {};
+    if (lstat(place.c_str(), &status) != 0) {
+      if (!isGone()) report_.unreadableFolders.push_back(place);
+      return;
+    }
+    if (S_ISREG(status.st_mode)) visit_(describe(place, status));
+    if (S_ISDIR(status.st_mode)) waiting_.push_back(place);
+  }
+
   void scanFolder(const std::string& path) {
+    if (!filter_.enters(path)) return;
     const Folder folder = openFolder(path);
     if (!folder) {
       if (!isGone()) report_.unreadableFolders.push_back(path);
@@ -94,20 +116,15 @@ class Scan {
     if (entry.d_type != DT_REG && entry.d_type != DT_DIR && entry.d_type != DT_UNKNOWN) return true;
     std::string path = parent == "/" ? parent : parent + "/";
     path += name;
-    if (isSensitive(path)) {
-      ++report_.sensitivePaths;
-      return true;
-    }
-    if (!isUsable(name)) {
-      ++report_.unusableNames;
-      return true;
-    }
     if (entry.d_type == DT_DIR) {
-      waiting_.push_back(std::move(path));
+      if (isTaken(path, name, EntryKind::folder)) waiting_.push_back(std::move(path));
       return true;
     }
     struct stat status {};
+    if (entry.d_type == DT_REG && !isTaken(path, name, EntryKind::file)) return true;
     if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return isGone();
+    const EntryKind kind = S_ISDIR(status.st_mode) ? EntryKind::folder : EntryKind::file;
+    if (entry.d_type == DT_UNKNOWN && !isTaken(path, name, kind)) return true;
     if (S_ISREG(status.st_mode)) {
       visit_(describe(std::move(path), status));
     } else if (S_ISDIR(status.st_mode)) {
@@ -116,6 +133,20 @@ class Scan {
     return true;
   }
 
+  bool isTaken(const std::string& path, std::string_view name, EntryKind kind) {
+    if (name.starts_with('.')) return false;
+    if (isSensitive(path)) {
+      ++report_.sensitivePaths;
+      return false;
+    }
+    if (!isIndexable(name)) {
+      report_.unusableNames.push_back(path);
+      return false;
+    }
+    return filter_.takes(path, name, kind);
+  }
+
+  ScanFilter& filter_;
   const std::function<void(ScannedFile)>& visit_;
   ScanReport& report_;
   std::vector<std::string> waiting_;  // folders still to be scanned
@@ -123,9 +154,14 @@ class Scan {
 
 }  // namespace
 
-void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
-               ScanReport& report) {
-  Scan(visit, report).run(root);
+bool isIndexable(std::string_view path) {
+  return path.find_first_of("\n\r") == std::string_view::npos &&
+         validUtf8Length(path) == path.size();
+}
+
+void scanFiles(const std::string& root, const std::string& start, ScanFilter& filter,
+               const std::function<void(ScannedFile)>& visit, ScanReport& report) {
+  Scan(filter, visit, report).run(root, start);
 }
 
 }  // namespace norvast

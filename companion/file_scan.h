@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace norvast {
@@ -19,15 +20,37 @@ struct ScannedFile {
 // What a scan passed over for a reason that the user should hear of.
 struct ScanReport {
   std::vector<std::string> unreadableFolders;  // wholly or in part
-  std::uint64_t unusableNames = 0;             // with a line break or bytes that are not UTF-8
+  std::vector<std::string> unusableNames;      // with a line break or bytes that are not UTF-8
   std::uint64_t sensitivePaths = 0;
 };
 
-// Calls `visit` with every regular file at any depth below the folder `root`, or with `root` itself
-// when it is a file, in no particular order, and adds to the report. Symbolic links are not
-// followed; hidden names (with a leading dot) and sensitive paths are left out with all that is
-// below them. `root` is absolute and free of links; it is taken even when its own name is hidden.
-void scanFiles(const std::string& root, const std::function<void(ScannedFile)>& visit,
-               ScanReport& report);
+enum class EntryKind { file, folder };
+
+// Chooses what a scan goes on with, besides what it leaves out by itself.
+class ScanFilter {
+ public:
+  ScanFilter() = default;
+  virtual ~ScanFilter() = default;
+  ScanFilter(const ScanFilter&) = delete;
+  ScanFilter& operator=(const ScanFilter&) = delete;
+
+  // Asked before the entries of a folder are met; whether they are at all.
+  virtual bool enters(const std::string& folder) = 0;
+
+  // Asked for each entry of the folder that was entered last. `name` is the last part of `path`.
+  virtual bool takes(const std::string& path, std::string_view name, EntryKind kind) = 0;
+};
+
+// Whether a path can stand in the index: it is UTF-8 and without a line break.
+bool isIndexable(std::string_view path);
+
+// Calls `visit` with every regular file at any depth below `start`, or with `start` itself when it
+// is a file, in no particular order, and adds to the report. `start` is `root` or lies below it;
+// then each folder on the way from the root to it is asked for, too, and nothing is visited where
+// one is left out. Symbolic links are not followed; hidden names (with a leading dot) and sensitive
+// paths are left out with all that is below them. `root` is absolute and free of links; it is taken
+// even when its own name is hidden.
+void scanFiles(const std::string& root, const std::string& start, ScanFilter& filter,
+               const std::function<void(ScannedFile)>& visit, ScanReport& report);
 
 }  // namespace norvast

@@ -1,38 +1,37 @@
 #include "companion/index_files.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 #include <unordered_map>
 #include <utility>
 
+#include "companion/batch_writing.h"
+#include "companion/decisions.h"
 #include "companion/file_analysis.h"
-#include "companion/index_writer.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
+#include "companion/territory.h"
 #include "embedding/sentence_embedding.h"
 #include "store/statement.h"
-#include "store/transaction.h"
 
 namespace norvast {
 namespace {
 
-// What one transaction writes at the most: some milliseconds of write lock, some megabytes.
-constexpr std::size_t FILES_A_BATCH = 500;
+// What one transaction writes at the most, besides its number of files: some megabytes.
 constexpr std::size_t PASSAGES_A_BATCH = 2000;
 
 // How long analysed files wait for their transaction.
 constexpr auto LONGEST_BATCH = std::chrono::seconds(2);
 
-// Stands for the nanoseconds of a file that could not be read: no file has them, so it is tried
-// anew.
-constexpr std::int64_t NOT_READ = -1;
+using Clock = std::chrono::steady_clock;
 
 struct KnownFile {
   std::int64_t sizeBytes = 0;
   std::int64_t modified = 0;
   std::int64_t nanoseconds = 0;
+  std::optional<FailedFile> failure;
   bool isThere = false;
 
   bool isSame(const ScannedFile& file) const {
@@ -41,160 +40,210 @@ struct KnownFile {
   }
 };
 
-struct AnalysedFile {
-  ScannedFile file;
-  FileAnalysis analysis;
+// A part of a root, or a whole one.
+struct Place {
+  std::string root;
+  std::string start;
 };
+
+// The places at and below the path, one for each root that they lie in.
+std::vector<Place> placesWithin(const Decisions& decisions, const std::string& path) {
+  std::vector<Place> places;
+  const Root* outer = decisions.rootOf(path);
+  if (outer != nullptr) places.push_back({outer->path, path});
+  for (const Root& root : decisions.rootsWithin(path)) {
+    if (root.path != path) places.push_back({root.path, root.path});
+  }
+  return places;
+}
+
+// False when nothing is there any more; what cannot be looked at may be.
+bool isThere(const std::string& path) {
+  std::error_code failure;
+  return std::filesystem::symlink_status(path, failure).type() !=
+         std::filesystem::file_type::not_found;
+}
 
 class Indexing {
  public:
-  Indexing(const Connection& index, const IndexingOptions& options)
-      : index_(index), options_(options), writer_(index), sentence_(SentenceEmbedding::english()) {}
+  Indexing(const Connection& index, Verbosity verbosity)
+      : index_(index),
+        verbosity_(verbosity),
+        writing_(index),
+        sentence_(SentenceEmbedding::english()) {}
 
-  void run(const std::string& root) {
-    readKnown(root);
-    const std::size_t unreadableBefore = report.scan.unreadableFolders.size();
-    std::vector<ScannedFile> changed;
-    scanFiles(
-        root, [&](ScannedFile file) { sort(std::move(file), changed); }, report.scan);
-    indexChanged(std::move(changed));
-    nominateUnchanged();
-    dropVanished(unreadableBefore);
+  IndexingReport run(const std::vector<std::string>& paths) {
+    const auto decisions = readDecisions(index_);
+    if (!decisions) {
+      report_.obstacle = index_.lastFailure();
+      return std::move(report_);
+    }
+    for (const std::string& path : paths) {
+      for (const Place& place : placesWithin(*decisions, path)) {
+        if (!report_.obstacle) index(*decisions, place);
+      }
+    }
+    return std::move(report_);
   }
 
-  IndexingReport report;
-
  private:
-  void readKnown(const std::string& root) {
+  void index(const Decisions& decisions, const Place& place) {
+    if (!isThere(place.root)) {
+      report_.missingRoots.push_back(place.root);
+      return;
+    }
+    const std::size_t unreadableBefore = report_.scan.unreadableFolders.size();
+    std::vector<ScannedFile> changed;
+    Territory territory(decisions);
+    if (!readKnown(decisions, place)) {
+      report_.obstacle = index_.lastFailure();
+      return;
+    }
+    scanFiles(
+        place.root, place.start, territory,
+        [&](ScannedFile file) { sort(std::move(file), changed); }, report_.scan);
+    if (indexChanged(std::move(changed))) (void)dropVanished(unreadableBefore);
+    report_.obstacle = writing_.obstacle;
+  }
+
+  // Of the place's own root, not of those within it.
+  bool readKnown(const Decisions& decisions, const Place& place) {
     known_.clear();
-    const PathRange range(root);
+    const bool isAlone = placesWithin(decisions, place.start).size() == 1;
+    const PathRange range(place.start);
     Statement statement(
         index_,
         std::string("SELECT path, size, modified, nanoseconds FROM file WHERE ") + AT_OR_BELOW,
         std::vector{range.path, range.firstBelow, range.firstBehind});
     while (statement.step()) {
-      known_[statement.text(0)] = {statement.integer(1), statement.integer(2),
-                                   statement.integer(3)};
+      std::string path = statement.text(0);
+      if (!isAlone && decisions.rootOf(path)->path != place.root) continue;
+      known_[std::move(path)] = {statement.integer(1), statement.integer(2), statement.integer(3),
+                                 std::nullopt};
     }
+    auto failed = failedFiles(index_, place.start);
+    if (!statement.isDone() || !failed) return false;
+    for (FailedFile& file : *failed) {
+      const auto known = known_.find(file.path);
+      if (known != known_.end()) known->second.failure = std::move(file);
+    }
+    return true;
   }
 
   // Marks a file that is known, and keeps it when it is to be indexed.
   void sort(ScannedFile file, std::vector<ScannedFile>& changed) {
     const auto known = known_.find(file.path);
     if (known != known_.end()) known->second.isThere = true;
-    if (known == known_.end() || !known->second.isSame(file)) {
+    const bool isUnchanged = known != known_.end() && known->second.isSame(file) &&
+                             !(known->second.failure && isTriedAgain(*known->second.failure));
+    if (isUnchanged) {
+      ++report_.unchanged;
+    } else {
       changed.push_back(std::move(file));
-      return;
     }
-    ++report.unchanged;
-    if (options_.nomination) unchanged_.push_back(std::move(file.path));
   }
 
-  void indexChanged(std::vector<ScannedFile> changed) {
-    Progress progress(changed.size(), options_.isQuiet);
+  // False when the index could not be written to the end.
+  bool indexChanged(std::vector<ScannedFile> changed) {
+    Progress progress(changed.size(), verbosity_ == Verbosity::quiet);
     for (ScannedFile& file : changed) {
-      if (!report.isComplete) break;  // what can't be written need not be read
-      if (access(file.path.c_str(), R_OK) != 0) {
-        report.unreadableFiles.push_back(file.path);
-        file.nanoseconds = NOT_READ;
-      }
-      FileAnalysis analysis = analyseFile(file.path, sentence_);
-      passages_ += analysis.passages.size();
-      batch_.push_back({std::move(file), std::move(analysis)});
-      if (isBatchFull()) writeBatch();
+      indexFile(std::move(file));
+      if (isBatchFull() && !writeBatch()) return false;
       progress.step();
     }
-    writeBatch();
+    return writeBatch();
+  }
+
+  void indexFile(ScannedFile file) {
+    FileAnalysis analysis = analyseFile(file.path, sentence_);
+    const auto known = known_.find(file.path);
+    if (analysis.failure == ReadFailure::gone) {
+      if (known != known_.end()) known->second.isThere = false;
+      return;
+    }
+    if (analysis.failure) {
+      report_.failures.push_back({file.path, *analysis.failure, READER_VERSION});
+      if (known != known_.end() && isStillSo(known->second, file, report_.failures.back())) {
+        ++report_.unchanged;
+        return;
+      }
+    }
+    passages_ += analysis.passages.size();
+    batch_.push_back({std::move(file), std::move(analysis)});
+  }
+
+  // Tried again with the same outcome, which is written down already.
+  static bool isStillSo(const KnownFile& known, const ScannedFile& file, const FailedFile& failed) {
+    return known.isSame(file) && known.failure && known.failure->reason == failed.reason &&
+           known.failure->reader == failed.reader;
   }
 
   bool isBatchFull() const {
     return batch_.size() >= FILES_A_BATCH || passages_ >= PASSAGES_A_BATCH ||
-           std::chrono::steady_clock::now() - batchStart_ > LONGEST_BATCH;
+           Clock::now() - batchStart_ > LONGEST_BATCH;
   }
 
-  void writeBatch() {
-    if (batch_.empty()) return;
-    const bool isWritten = inTransaction([this] {
-      return std::all_of(batch_.begin(), batch_.end(), [this](const AnalysedFile& analysed) {
-        return writer_.replace(analysed.file, analysed.analysis) && nominate(analysed.file.path);
-      });
-    });
-    if (isWritten) {
-      report.indexed += batch_.size();
-      report.nominated += options_.nomination ? batch_.size() : 0;
-      report.withoutText += static_cast<std::uint64_t>(std::count_if(
-          batch_.begin(), batch_.end(),
-          [](const AnalysedFile& analysed) { return analysed.analysis.failure.has_value(); }));
-    }
+  bool writeBatch() {
+    const bool isWritten = batch_.empty() || writing_.replace(batch_, report_.indexed);
     batch_.clear();
     passages_ = 0;
-    batchStart_ = std::chrono::steady_clock::now();
-  }
-
-  bool nominate(const std::string& path) {
-    return !options_.nomination || writer_.nominate(path, *options_.nomination);
-  }
-
-  void nominateUnchanged() {
-    forEachBatch(
-        unchanged_, [this](const std::string& path) { return nominate(path); }, report.nominated);
-    unchanged_.clear();
-  }
-
-  // What lies in a folder that this root's scan could not read is hidden, not gone.
-  void dropVanished(std::size_t unreadableBefore) {
-    const auto& unreadable = report.scan.unreadableFolders;
-    std::vector<PathRange> hidden(
-        unreadable.begin() + static_cast<std::ptrdiff_t>(unreadableBefore), unreadable.end());
-    std::vector<std::string> vanished;
-    for (const auto& [path, known] : known_) {
-      const bool isHidden =
-          std::any_of(hidden.begin(), hidden.end(),
-                      [&path = path](const PathRange& folder) { return folder.contains(path); });
-      if (!known.isThere && !isHidden) vanished.push_back(path);
-    }
-    forEachBatch(
-        vanished, [this](const std::string& path) { return writer_.remove(path); }, report.removed);
-  }
-
-  // Does `write` for all paths, a batch in a transaction, and adds those of the written batches up.
-  template <typename Write>
-  void forEachBatch(const std::vector<std::string>& paths, Write write, std::uint64_t& written) {
-    for (std::size_t start = 0; start < paths.size(); start += FILES_A_BATCH) {
-      const auto first = paths.begin() + static_cast<std::ptrdiff_t>(start);
-      const std::size_t count = std::min(FILES_A_BATCH, paths.size() - start);
-      const bool isWritten = inTransaction(
-          [&] { return std::all_of(first, first + static_cast<std::ptrdiff_t>(count), write); });
-      if (isWritten) written += count;
-    }
-  }
-
-  template <typename Write>
-  bool inTransaction(Write write) {
-    Transaction transaction(index_);
-    const bool isWritten = transaction && write() && transaction.commit();
-    report.isComplete = report.isComplete && isWritten;
+    batchStart_ = Clock::now();
     return isWritten;
   }
 
+  // What lies in a folder that this place's scan could not read is hidden, not gone.
+  bool dropVanished(std::size_t unreadableBefore) {
+    const auto& unreadable = report_.scan.unreadableFolders;
+    const std::vector<PathRange> hidden(
+        unreadable.begin() + static_cast<std::ptrdiff_t>(unreadableBefore), unreadable.end());
+    std::vector<std::string> vanished;
+    for (const auto& [path, known] : known_) {
+      const bool isHidden = !known.isThere && std::any_of(hidden.begin(), hidden.end(),
+                                                          [&path = path](const PathRange& folder) {
+                                                            return folder.contains(path);
+                                                          });
+      if (!known.isThere && !isHidden) vanished.push_back(path);
+    }
+    std::sort(vanished.begin(), vanished.end());  // neighbours lie on the same pages
+    return writing_.remove(vanished, report_.removed);
+  }
+
   const Connection& index_;
-  const IndexingOptions& options_;
-  IndexWriter writer_;
+  Verbosity verbosity_;
+  BatchWriting writing_;
   std::optional<SentenceEmbedding> sentence_;
-  std::unordered_map<std::string, KnownFile> known_;  // of the root at hand
-  std::vector<std::string> unchanged_;
+  IndexingReport report_;
+  std::unordered_map<std::string, KnownFile> known_;  // of the place at hand
   std::vector<AnalysedFile> batch_;
   std::size_t passages_ = 0;  // in the batch
-  std::chrono::steady_clock::time_point batchStart_ = std::chrono::steady_clock::now();
+  Clock::time_point batchStart_ = Clock::now();
 };
 
 }  // namespace
 
-IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& roots,
-                          const IndexingOptions& options) {
-  Indexing indexing(index, options);
-  for (const std::string& root : roots) indexing.run(root);
-  return std::move(indexing.report);
+IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
+                          Verbosity verbosity) {
+  return Indexing(index, verbosity).run(paths);
+}
+
+IndexingReport removeUnindexed(const Connection& index, const std::string& path) {
+  IndexingReport report;
+  const auto decisions = readDecisions(index);
+  const PathRange range(path);
+  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW,
+                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  std::vector<std::string> unindexed;
+  while (decisions && statement.step()) {
+    std::string file = statement.text(0);
+    if (!decisions->isIndexed(file)) unindexed.push_back(std::move(file));
+  }
+  BatchWriting writing(index);
+  if (!statement.isDone()) {
+    report.obstacle = index.lastFailure();
+  } else if (!writing.remove(unindexed, report.removed)) {
+    report.obstacle = writing.obstacle;
+  }
+  return report;
 }
 
 }  // namespace norvast

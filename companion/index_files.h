@@ -1,4 +1,4 @@
-// Indexing files: bringing the rows of the index in line with what lies on disk.
+// Indexing files: bringing the rows of the index in line with what lies on disk and was decided.
 #pragma once
 
 #include <cstdint>
@@ -6,33 +6,39 @@
 #include <string>
 #include <vector>
 
+#include "companion/failures.h"
 #include "companion/file_scan.h"
-#include "companion/nominations.h"
 #include "store/connection.h"
 
 namespace norvast {
 
 struct IndexingReport {
-  std::uint64_t indexed = 0;      // new and changed files
-  std::uint64_t withoutText = 0;  // of these
+  std::uint64_t indexed = 0;    // new and changed files, and those that were tried again
   std::uint64_t unchanged = 0;  // of the same size and modification time as when they were indexed
-  std::uint64_t removed = 0;    // gone from disk, and so from every table, nominations included
-  std::uint64_t nominated = 0;
-  std::vector<std::string> unreadableFiles;  // indexed by name; tried again by the next run
+  std::uint64_t removed = 0;    // gone from disk or left out, and so from every table
+  std::vector<FailedFile> failures;       // of the files that this run read; indexed by name
+  std::vector<std::string> missingRoots;  // that are not there now; what is known of them is kept
   ScanReport scan;
-  bool isComplete = true;  // false when the database refused a batch: what came before it is kept
+  // Why the index could not be written to the end; what was written before is kept.
+  std::optional<std::string> obstacle;
 };
 
-struct IndexingOptions {
-  std::optional<Nomination> nomination;  // for every file that is met
-  bool isQuiet = false;                  // draws no progress
-};
+enum class Verbosity { normal, quiet };  // draws its progress on a terminal, or not
 
-// Indexes the files at and below each root (absolute, free of links) and removes the rows of files
-// that are gone from there. What lies in a folder that cannot be read is kept. Files are analysed
-// first and written after, in batches of one transaction each: a reader waits for moments only, and
-// an interruption at any point leaves whole files, the rest of which the next run makes good.
-IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& roots,
-                          const IndexingOptions& options);
+// Indexes the files at and below each path, as far as they lie in a root and no rule leaves them
+// out, and removes the rows of files that are gone from there. A path is absolute and free of
+// links: a root, a file or folder within one, which may be gone, or a folder that holds roots. What
+// lies in a folder that cannot be read is kept.
+//
+// Files are analysed first and written after, in batches of one transaction each, in which clients
+// get to see them as the rules say at that moment: a reader waits for moments only, and an
+// interruption at any point leaves whole files, the rest of which the next run makes good. The
+// decisions may change meanwhile; the last ones hold for all files.
+IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
+                          Verbosity verbosity);
+
+// Removes the rows of all files at or below the path that are not to be indexed, in batches as
+// above. Adds up what was removed.
+IndexingReport removeUnindexed(const Connection& index, const std::string& path);
 
 }  // namespace norvast

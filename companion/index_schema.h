@@ -1,6 +1,7 @@
 // Index schema: the tables of the index, and how those of an earlier version become these.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +14,10 @@ namespace norvast {
 // be raised with every change of them.
 inline constexpr std::uint32_t INDEX_APPLICATION_ID = 0x4E6F7276;
 inline constexpr std::uint32_t INDEX_VERSION = 2;
+
+// The tables that describe a file by its path.
+inline constexpr std::array FILE_TABLES = {"file",      "mcp_exposure", "analysis",
+                                           "embedding", "chunk",        "failure"};
 
 // Stands for the nanoseconds in the modification time of a file that is to be read anew, whatever
 // its times: no file has them.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "analysis/type_group.h"
+#include "companion/failures.h"
 #include "text/file_name.h"
 
 namespace norvast {
@@ -33,13 +34,13 @@ IndexWriter::IndexWriter(const Connection& index)
       insertAnalysis_(index, "INSERT INTO analysis(path,summary,entities,method) VALUES(?,?,?,?)"),
       insertEmbedding_(index, "INSERT INTO embedding(path,vec) VALUES(?,?)"),
       insertChunk_(index, "INSERT INTO chunk(path,ord,text,vec) VALUES(?,?,?,?)"),
-      insertNomination_(index,
-                        "INSERT OR REPLACE INTO mcp_exposure(path,allow_content) VALUES(?,?)"),
+      insertFailure_(index, "INSERT INTO failure(path,reason,reader) VALUES(?,?,?)"),
       deleteAnalysis_(index, "DELETE FROM analysis WHERE path = ?"),
       deleteEmbedding_(index, "DELETE FROM embedding WHERE path = ?"),
       deleteChunks_(index, "DELETE FROM chunk WHERE path = ?"),
+      deleteFailure_(index, "DELETE FROM failure WHERE path = ?"),
       deleteFile_(index, "DELETE FROM file WHERE path = ?"),
-      deleteNomination_(index, "DELETE FROM mcp_exposure WHERE path = ?") {}
+      deleteExposure_(index, "DELETE FROM mcp_exposure WHERE path = ?") {}
 
 bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis) {
   if (!clearDescription(file.path)) return false;
@@ -59,7 +60,7 @@ bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis)
     insertEmbedding_.bind(2, blobOf(analysis.vec));
     if (!runOnce(insertEmbedding_)) return false;
   }
-  if (analysis.failure) return true;
+  if (analysis.failure) return insertFailure(file.path, *analysis.failure);
 
   insertAnalysis_.bind(1, file.path);
   insertAnalysis_.bind(2, analysis.summary);
@@ -80,19 +81,20 @@ bool IndexWriter::insertChunks(const std::string& path, const FileAnalysis& anal
   return true;
 }
 
-bool IndexWriter::nominate(const std::string& path, Nomination nomination) {
-  insertNomination_.bind(1, path);
-  insertNomination_.bind(2, std::int64_t{nomination == Nomination::content ? 1 : 0});
-  return runOnce(insertNomination_);
+bool IndexWriter::insertFailure(const std::string& path, ReadFailure failure) {
+  insertFailure_.bind(1, path);
+  insertFailure_.bind(2, std::string(failureWord(failure)));
+  insertFailure_.bind(3, std::int64_t{READER_VERSION});
+  return runOnce(insertFailure_);
 }
 
 bool IndexWriter::clearDescription(const std::string& path) {
   return runFor(deleteAnalysis_, path) && runFor(deleteEmbedding_, path) &&
-         runFor(deleteChunks_, path);
+         runFor(deleteChunks_, path) && runFor(deleteFailure_, path);
 }
 
 bool IndexWriter::remove(const std::string& path) {
-  return clearDescription(path) && runFor(deleteFile_, path) && runFor(deleteNomination_, path);
+  return clearDescription(path) && runFor(deleteFile_, path) && runFor(deleteExposure_, path);
 }
 
 }  // namespace norvast

@@ -6,7 +6,6 @@
 
 #include "companion/file_analysis.h"
 #include "companion/file_scan.h"
-#include "companion/nominations.h"
 #include "store/connection.h"
 #include "store/statement.h"
 
@@ -18,28 +17,28 @@ class IndexWriter {
  public:
   explicit IndexWriter(const Connection& index);
 
-  // Replaces all rows that describe the file by new ones. Its nomination stays.
+  // Replaces all rows that describe the file by new ones. Its exposure stays.
   bool replace(const ScannedFile& file, const FileAnalysis& analysis);
 
-  bool nominate(const std::string& path, Nomination nomination);
-
-  // Removes the file's rows from every table.
+  // Removes the file's rows from every table, its exposure too.
   bool remove(const std::string& path);
 
  private:
   bool clearDescription(const std::string& path);
+  bool insertFailure(const std::string& path, ReadFailure failure);
   bool insertChunks(const std::string& path, const FileAnalysis& analysis);
 
   Statement insertFile_;
   Statement insertAnalysis_;
   Statement insertEmbedding_;
   Statement insertChunk_;
-  Statement insertNomination_;
+  Statement insertFailure_;
   Statement deleteAnalysis_;
   Statement deleteEmbedding_;
   Statement deleteChunks_;
+  Statement deleteFailure_;
   Statement deleteFile_;
-  Statement deleteNomination_;
+  Statement deleteExposure_;
 };
 
 }  // namespace norvast

@@ -21,6 +21,7 @@ namespace {
 struct CommandLine {
   std::vector<std::string> paths;
   std::string nominate;
+  AddChoices choices;
   std::string position;
   bool isQuiet = false;
   bool isContent = false;
@@ -47,26 +48,38 @@ void addPaths(CLI::App& subcommand, CommandLine& line, const std::string& descri
   subcommand.add_option("PATH", line.paths, description)->required();
 }
 
+void addQuiet(CLI::App& subcommand, CommandLine& line) {
+  subcommand.add_flag("--quiet", line.isQuiet, "Say nothing unless something fails");
+}
+
+Verbosity verbosityOf(const CommandLine& line) {
+  return line.isQuiet ? Verbosity::quiet : Verbosity::normal;
+}
+
 void defineAdd(CLI::App& app, CommandLine& line) {
-  CLI::App* add = addSubcommand(app, "add", "Index files and folders, and keep up with changes",
+  CLI::App* add = addSubcommand(app, "add", "Index files and folders from now on",
                                 "norvast_index add --nominate content ~/Documents");
   addPaths(*add, line, "Files, or folders with all that is below them");
   add->add_option("--nominate", line.nominate,
                   "Show what is indexed to AI clients: names, sizes and summaries, or text too")
       ->check(CLI::IsMember({"metadata", "content"}));
-  add->add_flag("--quiet", line.isQuiet, "Say nothing unless something fails");
+  addQuiet(*add, line);
   add->callback([&line] {
-    line.command = [&line] {
-      return addCommand(line.paths, nominationOf(line.nominate),
-                        line.isQuiet ? Verbosity::quiet : Verbosity::normal);
-    };
+    line.choices.nomination = nominationOf(line.nominate);
+    line.command = [&line] { return addCommand(line.paths, line.choices, verbosityOf(line)); };
   });
+
+  CLI::App* update = addSubcommand(app, "update", "Take up what changed in all that was added",
+                                   "norvast_index update --quiet");
+  addQuiet(*update, line);
+  update->callback(
+      [&line] { line.command = [&line] { return updateCommand(verbosityOf(line)); }; });
 }
 
 void defineNominations(CLI::App& app, CommandLine& line) {
-  CLI::App* nominate = addSubcommand(app, "nominate", "Show indexed files to AI clients",
+  CLI::App* nominate = addSubcommand(app, "nominate", "Show files to AI clients, those to come too",
                                      "norvast_index nominate --content ~/Documents/report.pdf");
-  addPaths(*nominate, line, "Indexed files, or folders with all that is indexed below them");
+  addPaths(*nominate, line, "Files, or folders with all that is below them");
   CLI::Option* metadata = nominate->add_flag(
       "--metadata", line.isMetadata, "Names, sizes, times and summaries alone (the default)");
   nominate->add_flag("--content", line.isContent, "Their text, too")->excludes(metadata);
@@ -80,13 +93,26 @@ void defineNominations(CLI::App& app, CommandLine& line) {
   CLI::App* withdraw =
       addSubcommand(app, "withdraw", "Show files to AI clients no longer; they stay indexed",
                     "norvast_index withdraw ~/Documents/private");
-  addPaths(*withdraw, line, "Files, or folders with all that is nominated below them");
+  addPaths(*withdraw, line, "Files, or folders with all that is below them");
   withdraw->callback([&line] { line.command = [&line] { return withdrawCommand(line.paths); }; });
 
   CLI::App* remove = addSubcommand(app, "remove", "Forget files; they stay on disk",
                                    "norvast_index remove ~/Documents/old");
   addPaths(*remove, line, "Files, or folders with all that is indexed below them");
   remove->callback([&line] { line.command = [&line] { return removeCommand(line.paths); }; });
+}
+
+void defineRules(CLI::App& app, CommandLine& line) {
+  CLI::App* rules = addSubcommand(app, "rules", "Show what was decided, and how many files follow",
+                                  "norvast_index rules clear ~/Documents/private");
+  rules->callback([&line] {
+    if (!line.command) line.command = rulesCommand;
+  });
+  CLI::App* clear =
+      addSubcommand(*rules, "clear", "Decide nothing about these paths themselves any longer",
+                    "norvast_index rules clear ~/Documents/private");
+  addPaths(*clear, line, "Files or folders that have a rule of their own");
+  clear->callback([&line] { line.command = [&line] { return clearRulesCommand(line.paths); }; });
 }
 
 void defineSwitch(CLI::App& app, CommandLine& line, const std::string& name,
@@ -129,6 +155,7 @@ ExitStatus run(int argc, char** argv) {
   CommandLine line;
   defineAdd(app, line);
   defineNominations(app, line);
+  defineRules(app, line);
   defineSwitch(app, line, "access", "Turn AI access as a whole on or off", accessCommand);
   defineSwitch(app, line, "library",
                "Let AI clients see metadata and summaries of every indexed file, or not",

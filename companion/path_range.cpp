@@ -4,6 +4,28 @@
 #include <system_error>
 
 namespace norvast {
+namespace {
+
+// As many as the system itself follows (path_resolution(7)).
+constexpr int MOST_LINKS = 40;
+
+// The link on the way to a path whose target is not there.
+std::optional<std::filesystem::path> danglingLink(const std::filesystem::path& path) {
+  std::error_code failure;
+  std::filesystem::path place;
+  for (const auto& part : path) {
+    place /= part;
+    if (std::filesystem::is_symlink(place, failure)) return place;
+  }
+  return std::nullopt;
+}
+
+std::string withoutEnd(std::string path) {
+  if (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+}  // namespace
 
 // The character behind the solidus is 0, so "/a0" is the first path behind all that begin with
 // "/a/".
@@ -18,13 +40,27 @@ bool PathRange::contains(std::string_view other) const {
 
 std::optional<std::string> indexedPath(const std::string& path) {
   std::error_code failure;
-  const auto real = std::filesystem::canonical(path, failure);
-  if (!failure) return real.string();
-  const auto absolute = std::filesystem::absolute(path, failure);
+  std::filesystem::path place = std::filesystem::absolute(path, failure);
+  for (int links = 0; !failure && links < MOST_LINKS; ++links) {
+    place = std::filesystem::weakly_canonical(place, failure);
+    if (failure) break;
+    const auto link = danglingLink(place);
+    if (!link) return withoutEnd(place.string());
+    const auto rest = place.lexically_relative(*link);
+    place = link->parent_path() / std::filesystem::read_symlink(*link, failure);
+    if (rest != ".") place /= rest;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> linkAt(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::path absolute =
+      withoutEnd(std::filesystem::absolute(path, failure).string());
+  if (failure || !std::filesystem::is_symlink(absolute, failure)) return std::nullopt;
+  const auto folder = std::filesystem::canonical(absolute.parent_path(), failure);
   if (failure) return std::nullopt;
-  std::string text = absolute.lexically_normal().string();
-  if (text.size() > 1 && text.ends_with('/')) text.pop_back();
-  return text;
+  return (folder / absolute.filename()).string();
 }
 
 }  // namespace norvast

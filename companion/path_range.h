@@ -21,8 +21,12 @@ struct PathRange {
   bool contains(std::string_view other) const;
 };
 
-// The absolute path that the index knows a user's path by: links resolved where it exists, else
-// made absolute by its text alone. Nothing when neither works.
+// The absolute path that the index knows a user's path by: with all links on its way resolved, even
+// where they lead to what is gone. Nothing when it cannot be told.
 std::optional<std::string> indexedPath(const std::string& path);
+
+// Where a symbolic link lies itself, when the path names one: with the links on the way to it
+// resolved.
+std::optional<std::string> linkAt(const std::string& path);
 
 }  // namespace norvast

@@ -26,7 +26,9 @@ std::string_view escapeOf(char character) {
 
 class Writer {
  public:
-  explicit Writer(JsonStyle style) : pretty_(style == JsonStyle::pretty) {}
+  explicit Writer(JsonStyle style)
+      : pretty_(style != JsonStyle::compact),
+        solidus_(style == JsonStyle::legible ? Solidus::plain : Solidus::escaped) {}
 
   // False when the value cannot be written; the text is then of no use.
   bool write(const Json& json) {
@@ -49,7 +51,7 @@ class Writer {
   }
 
   bool put(const std::string& value) {
-    appendJsonString(text_, value);
+    appendJsonString(text_, value, solidus_);
     return true;
   }
 
@@ -93,16 +95,17 @@ class Writer {
   std::string text_;
   std::size_t level_ = 0;
   bool pretty_;
+  Solidus solidus_;
 };
 
 }  // namespace
 
-void appendJsonString(std::string& text, std::string_view value) {
+void appendJsonString(std::string& text, std::string_view value, Solidus solidus) {
   text += '"';
   std::size_t written = 0;
   for (std::size_t at = 0; at < value.size(); ++at) {
     const std::string_view escape = escapeOf(value[at]);
-    if (escape.empty()) continue;
+    if (escape.empty() || (value[at] == '/' && solidus == Solidus::plain)) continue;
     text.append(value, written, at - written).append(escape);
     written = at + 1;
   }

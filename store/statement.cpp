@@ -49,7 +49,12 @@ void Statement::bind(int index, std::span<const std::byte> blob) {
   (void)sqlite3_bind_blob64(handle_.get(), index, blob.data(), blob.size(), SQLITE_TRANSIENT);
 }
 
-bool Statement::step() { return handle_ && sqlite3_step(handle_.get()) == SQLITE_ROW; }
+bool Statement::step() {
+  if (!handle_) return false;
+  const int result = sqlite3_step(handle_.get());
+  isDone_ = result == SQLITE_DONE;
+  return result == SQLITE_ROW;
+}
 
 bool Statement::run() {
   if (!handle_) return false;

@@ -36,6 +36,9 @@ class Statement {
   // failure: a busy database after the timeout, a damaged page, a statement that never was.
   bool step();
 
+  // True when the last step found the end, and so every row was seen: no failure hid one.
+  bool isDone() const { return isDone_; }
+
   // Runs to the end, ignoring rows. True when it got there without a failure.
   bool run();
 
@@ -60,6 +63,7 @@ class Statement {
   };
 
   std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+  bool isDone_ = false;
 };
 
 }  // namespace norvast

@@ -8,11 +8,12 @@
 
 namespace norvast {
 
-Outcome index(const TestHome& home, const std::string& arguments) {
+Outcome index(const TestHome& home, const std::string& arguments, const std::string& folder) {
   const std::string launcher =
       geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
-  const std::string command = "HOME='" + home.path().string() + "' " + launcher +
-                              "'" NORVAST_INDEX "' " + arguments + " 2>&1";
+  const std::string command = "cd \"" + (home.path() / folder).string() + "\" && HOME='" +
+                              home.path().string() + "' " + launcher + "'" NORVAST_INDEX "' " +
+                              arguments + " 2>&1";
   FILE* pipe = popen(command.c_str(), "r");
   Outcome outcome;
   std::array<char, 4096> block{};

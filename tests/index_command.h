@@ -13,7 +13,7 @@ struct Outcome {
 };
 
 // Runs norvast_index with that home folder, bound by permissions even where the tests run as root.
-// The arguments are shell words.
-Outcome index(const TestHome& home, const std::string& arguments);
+// The arguments are shell words. It works in `folder`, the home folder when none is named.
+Outcome index(const TestHome& home, const std::string& arguments, const std::string& folder = "");
 
 }  // namespace norvast

@@ -1,0 +1,115 @@
+// The commands that read files: add and update.
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+#include <variant>
+
+#include "access/sensitive_path.h"
+#include "companion/command_output.h"
+#include "companion/commands.h"
+#include "companion/decision_changes.h"
+#include "companion/index_database.h"
+#include "companion/index_files.h"
+#include "companion/indexing_report_text.h"
+#include "companion/path_range.h"
+#include "companion/terminal.h"
+#include "companion/territory.h"
+
+namespace norvast {
+namespace {
+
+// A path of the user's, resolved; or why it cannot be indexed.
+struct Place {
+  std::string path;
+  std::string followed;  // what is said of a link; empty for anything else
+};
+
+std::variant<Place, std::string> placeOf(const std::string& path) {
+  std::error_code failure;
+  const std::string real = std::filesystem::canonical(path, failure).string();
+  if (failure) return path + ": " + failure.message();
+  if (!isIndexable(real))
+    return path + ": a name with a line break or invalid UTF-8 is not indexed";
+  if (isSensitive(real)) return path + ": it holds secrets, and is never indexed";
+  if (const auto own = indexFolder(); own && PathRange(*own).contains(real)) {
+    return path + ": the index itself lies there";
+  }
+  Place place{real, {}};
+  const auto link = linkAt(path);
+  if (!link) return place;
+  if (PathRange(real).contains(*link)) {
+    return path + ": this link leads to " + real + ", where it lies itself; name that folder";
+  }
+  place.followed = "following the link " + printable(path) + " to " + printable(real);
+  return place;
+}
+
+// Each place once: one that lies at or below another is reached with it.
+std::vector<std::string> withoutNested(std::vector<std::string> paths) {
+  std::sort(paths.begin(), paths.end());  // a folder before what is below it
+  std::vector<std::string> outer;
+  for (std::string& path : paths) {
+    const bool isNested = std::any_of(outer.begin(), outer.end(), [&path](const auto& folder) {
+      return PathRange(folder).contains(path);
+    });
+    if (!isNested) outer.push_back(std::move(path));
+  }
+  return outer;
+}
+
+ExitStatus indexAndReport(const Connection& index, const std::vector<std::string>& paths,
+                          Verbosity verbosity) {
+  const std::vector<std::string> outer = withoutNested(paths);
+  const IndexingReport report = indexFiles(index, outer, verbosity);
+  if (verbosity == Verbosity::normal) std::cout << reportText(index, report, outer);
+  if (report.obstacle) return failToWrite(*report.obstacle);
+  return hasGaps(report) ? ExitStatus::incomplete : ExitStatus::done;
+}
+
+}  // namespace
+
+ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& choices,
+                      Verbosity verbosity) {
+  std::vector<std::string> roots;
+  std::vector<std::string> remarks;
+  for (const std::string& path : paths) {
+    auto place = placeOf(path);
+    if (const auto* why = std::get_if<std::string>(&place)) return fail(*why);
+    roots.push_back(std::get<Place>(place).path);
+    if (const auto& followed = std::get<Place>(place).followed; !followed.empty()) {
+      remarks.push_back(followed);
+    }
+  }
+  auto opened = openIndex();
+  if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
+  const auto& index = std::get<Connection>(opened);
+
+  for (const std::string& root : roots) {
+    const DecisionChange change = addRoot(index, root, choices);
+    if (change.obstacle) return failToWrite(*change.obstacle);
+    remarks.insert(remarks.end(), change.remarks.begin(), change.remarks.end());
+  }
+  if (verbosity == Verbosity::normal) {
+    for (const std::string& remark : remarks) std::cout << remark << "\n";
+  }
+  return indexAndReport(index, roots, verbosity);
+}
+
+ExitStatus updateCommand(Verbosity verbosity) {
+  auto opened = existingIndex();
+  if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
+  const auto& index = std::get<Connection>(opened);
+  const auto decisions = readDecisions(index);
+  if (!decisions) return failToWrite(index.lastFailure());
+  if (decisions->roots.empty()) {
+    return fail(
+        "there is nothing to keep up with yet; name a folder with: norvast_index add FOLDER");
+  }
+  std::vector<std::string> roots;
+  for (const Root& root : decisions->roots) roots.push_back(root.path);
+  return indexAndReport(index, roots, verbosity);
+}
+
+}  // namespace norvast

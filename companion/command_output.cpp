@@ -1,0 +1,57 @@
+#include "companion/command_output.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "companion/index_database.h"
+#include "companion/terminal.h"
+#include "store/mcp_store.h"
+
+namespace norvast {
+namespace {
+
+// Of paths in one line: what fits on a few lines of a terminal.
+constexpr std::size_t MOST_IN_A_LINE = 5;
+
+constexpr const char* NO_INDEX = "there is no index yet; make one with: norvast_index add FOLDER";
+
+}  // namespace
+
+ExitStatus fail(const std::string& why) {
+  std::cerr << "norvast_index: " << printable(why) << "\n";
+  return ExitStatus::failed;
+}
+
+ExitStatus failWithoutIndex() { return fail(NO_INDEX); }
+
+ExitStatus failToWrite(const std::string& obstacle) {
+  return fail("the index could not be written to the end: " + obstacle +
+              "; mend that and run this again");
+}
+
+std::variant<Connection, std::string> existingIndex() {
+  if (!MCPStore::open()) return NO_INDEX;
+  return openIndex();
+}
+
+std::string count(std::uint64_t number, const std::string& noun) {
+  return grouped(number) + " " + noun + (number == 1 ? "" : "s");
+}
+
+ExitStatus worse(ExitStatus one, ExitStatus other) {
+  if (one == ExitStatus::failed || other == ExitStatus::failed) return ExitStatus::failed;
+  return std::max(one, other);
+}
+
+std::string listed(const std::vector<std::string>& paths) {
+  std::string line;
+  for (std::size_t at = 0; at < std::min(paths.size(), MOST_IN_A_LINE); ++at) {
+    line += (at > 0 ? ", " : "") + printable(paths[at]);
+  }
+  if (paths.size() > MOST_IN_A_LINE) {
+    line += " and " + grouped(paths.size() - MOST_IN_A_LINE) + " more";
+  }
+  return line;
+}
+
+}  // namespace norvast

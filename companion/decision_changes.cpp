@@ -1,0 +1,189 @@
+#include "companion/decision_changes.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "companion/command_output.h"
+#include "companion/path_range.h"
+#include "store/statement.h"
+#include "store/transaction.h"
+
+namespace norvast {
+namespace {
+
+// Does `change` with the decisions as they stand, which it brings up to date itself, and lets
+// clients see the files at and below the path accordingly.
+template <typename Change>
+DecisionChange inTransaction(const Connection& index, const std::string& path, Change change) {
+  DecisionChange result;
+  Transaction transaction(index);
+  auto decisions = transaction ? readDecisions(index) : std::nullopt;
+  const bool isDone = decisions && change(*decisions, result) &&
+                      bringExposureInLine(index, decisions->rules, path) && transaction.commit();
+  if (!isDone) result = {0, {}, index.lastFailure()};
+  return result;
+}
+
+RuleKind kindOf(Nomination nomination) {
+  return nomination == Nomination::content ? RuleKind::content : RuleKind::metadata;
+}
+
+std::string stateText(RuleKind kind) {
+  switch (kind) {
+    case RuleKind::content:
+      return "nominated with content";
+    case RuleKind::metadata:
+      return "nominated";
+    case RuleKind::withheld:
+    case RuleKind::leftOut:
+      break;
+  }
+  return std::string(ruleName(kind));
+}
+
+// "folder" when all of them are folders, "file" when all are files, else "path".
+std::string nounFor(const std::vector<std::string>& paths) {
+  std::error_code failure;
+  const auto folders = std::count_if(paths.begin(), paths.end(), [&failure](const auto& path) {
+    return std::filesystem::is_directory(path, failure);
+  });
+  const auto files = std::count_if(paths.begin(), paths.end(), [&failure](const auto& path) {
+    return std::filesystem::is_regular_file(path, failure);
+  });
+  const auto all = static_cast<std::ptrdiff_t>(paths.size());
+  if (folders == all) return "folder";
+  return files == all ? "file" : "path";
+}
+
+// A line for each other kind of rule below the path: a rule never overrides them.
+std::vector<std::string> staying(const Rules& rules, const Rule& rule) {
+  const std::vector<Rule> below = rules.below(rule.path);
+  std::vector<std::string> lines;
+  for (const RuleKind kind :
+       {RuleKind::withheld, RuleKind::leftOut, RuleKind::metadata, RuleKind::content}) {
+    std::vector<std::string> paths;
+    for (const Rule& other : below) {
+      if (other.kind == kind && kind != rule.kind) paths.push_back(other.path);
+    }
+    if (paths.empty()) continue;
+    const bool isOne = paths.size() == 1;
+    lines.push_back(count(paths.size(), nounFor(paths)) + " below " + (isOne ? "stays " : "stay ") +
+                    stateText(kind) + ": " + listed(paths) + "; name " + (isOne ? "it" : "them") +
+                    " to change that");
+  }
+  return lines;
+}
+
+// The indexed files for which the rule at the path holds.
+std::uint64_t countFollowing(const Connection& index, const Rules& rules, const std::string& path) {
+  const PathRange range(path);
+  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW,
+                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  const bool isAlone = !rules.hasBelow(path);
+  std::uint64_t number = 0;
+  while (statement.step()) {
+    if (isAlone || rules.holdingFor(statement.text(0))->path == path) ++number;
+  }
+  return number;
+}
+
+bool setRule(const Connection& index, Decisions& decisions, const Rule& rule,
+             DecisionChange& result) {
+  decisions.rules.set(rule.path, rule.kind);
+  result.files = countFollowing(index, decisions.rules, rule.path);
+  for (std::string& line : staying(decisions.rules, rule)) {
+    result.remarks.push_back(std::move(line));
+  }
+  return storeRule(index, rule);
+}
+
+Root changedRoot(const Decisions& decisions, const std::string& path, const AddChoices& choices) {
+  const Root* known = decisions.rootOf(path);
+  Root root =
+      known != nullptr && known->path == path ? *known : Root{path, GitIgnored::leftOut, {}};
+  root.gitIgnored = choices.gitIgnored.value_or(root.gitIgnored);
+  root.exclusions.insert(root.exclusions.end(), choices.exclusions.begin(),
+                         choices.exclusions.end());
+  std::erase_if(root.exclusions, [&choices](const std::string& pattern) {
+    const auto& dropped = choices.noExclusions;
+    return std::find(dropped.begin(), dropped.end(), pattern) != dropped.end();
+  });
+  return root;
+}
+
+// Drops the roots at and below the path with their rules; without any, or within a root further
+// out, a rule is to say that it is left out.
+bool dropWithin(const Connection& index, Decisions& decisions, const std::string& path,
+                DecisionChange& result) {
+  const bool hasRoots = !decisions.rootsWithin(path).empty();
+  if (hasRoots) {
+    auto remaining = dropRoots(index, path) ? readDecisions(index) : std::nullopt;
+    if (!remaining) return false;
+    decisions = std::move(*remaining);
+  }
+  const bool isReached = !hasRoots || decisions.rootOf(path) != nullptr;
+  return !isReached || setRule(index, decisions, {path, RuleKind::leftOut}, result);
+}
+
+// What no root holds any more is shown to nobody, whatever rules there are further out.
+bool hideUnindexed(const Connection& index, const Decisions& decisions, const std::string& path) {
+  const PathRange range(path);
+  Statement statement(index, std::string("SELECT path FROM mcp_exposure WHERE ") + AT_OR_BELOW,
+                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  std::vector<std::string> hidden;
+  while (statement.step()) {
+    std::string file = statement.text(0);
+    if (!decisions.isIndexed(file)) hidden.push_back(std::move(file));
+  }
+  ExposureWriter exposure(index);
+  return statement.isDone() &&
+         std::all_of(hidden.begin(), hidden.end(), [&exposure](const std::string& file) {
+           return exposure.write(file, std::nullopt);
+         });
+}
+
+}  // namespace
+
+DecisionChange addRoot(const Connection& index, const std::string& path,
+                       const AddChoices& choices) {
+  return inTransaction(index, path, [&](Decisions& decisions, DecisionChange& result) {
+    if (!storeRoot(index, changedRoot(decisions, path, choices))) return false;
+    if (choices.nomination) {
+      return setRule(index, decisions, {path, kindOf(*choices.nomination)}, result);
+    }
+    const auto rule = decisions.rules.holdingFor(path);
+    if (!rule || rule->kind != RuleKind::leftOut) return true;
+    result.remarks.push_back(listed({path}) +
+                             " was left out; it is indexed and withheld from now on");
+    return setRule(index, decisions, {path, RuleKind::withheld}, result);
+  });
+}
+
+DecisionChange decide(const Connection& index, const Rule& rule) {
+  return inTransaction(index, rule.path, [&](Decisions& decisions, DecisionChange& result) {
+    return setRule(index, decisions, rule, result);
+  });
+}
+
+DecisionChange leaveOut(const Connection& index, const std::string& path) {
+  DecisionChange result;
+  Transaction transaction(index);
+  auto decisions = transaction ? readDecisions(index) : std::nullopt;
+  const bool isDone = decisions && dropWithin(index, *decisions, path, result) &&
+                      bringExposureInLine(index, decisions->rules, path) &&
+                      hideUnindexed(index, *decisions, path) && transaction.commit();
+  if (!isDone) result = {0, {}, index.lastFailure()};
+  return result;
+}
+
+DecisionChange dropDecision(const Connection& index, const std::string& path) {
+  return inTransaction(index, path, [&](Decisions& decisions, DecisionChange& result) {
+    result.files = countFollowing(index, decisions.rules, path);
+    decisions.rules.clear(path);
+    return dropRule(index, path);
+  });
+}
+
+}  // namespace norvast

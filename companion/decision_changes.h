@@ -1,0 +1,47 @@
+// Decision changes: what commands make of the user's decisions, each in one transaction with what
+// clients see by them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "companion/decisions.h"
+#include "companion/exposure.h"
+#include "store/connection.h"
+
+namespace norvast {
+
+struct DecisionChange {
+  std::uint64_t files = 0;              // indexed ones for which the changed rule holds
+  std::vector<std::string> remarks;     // lines for the user: what stays as it was decided below
+  std::optional<std::string> obstacle;  // why the index could not be written; nothing was changed
+};
+
+// What `add` decides besides that the path is a root. What is not said stays as it was.
+struct AddChoices {
+  std::optional<Nomination> nomination;
+  std::optional<GitIgnored> gitIgnored;
+  std::vector<std::string> exclusions;    // to be remembered
+  std::vector<std::string> noExclusions;  // to be forgotten
+};
+
+// All paths are absolute and free of links.
+
+// Makes the path a root. One that was left out is withheld from now on, when nothing else is said:
+// indexing it again is no leave to show it.
+DecisionChange addRoot(const Connection& index, const std::string& path, const AddChoices& choices);
+
+// Gives the path that rule. Rules below it stay.
+DecisionChange decide(const Connection& index, const Rule& rule);
+
+// Lets the path be indexed no longer: the roots at and below it go with the rules there; in a root
+// that lies further out it is left out from now on. Clients no longer see its files, whose rows are
+// for the caller to remove (companion/index_files.h).
+DecisionChange leaveOut(const Connection& index, const std::string& path);
+
+// Drops the rule for the path itself, so that the one above it holds again.
+DecisionChange dropDecision(const Connection& index, const std::string& path);
+
+}  // namespace norvast

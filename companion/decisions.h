@@ -1,0 +1,66 @@
+// Decisions: the roots and rules of the user, as the index keeps them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "companion/rules.h"
+#include "store/connection.h"
+
+namespace norvast {
+
+// What git ignores in a work tree is passed over, or indexed like everything else.
+enum class GitIgnored { leftOut, indexed };
+
+// A file or folder that is indexed with all that is below it.
+struct Root {
+  std::string path;  // absolute and free of links
+  GitIgnored gitIgnored = GitIgnored::leftOut;
+  std::vector<std::string> exclusions;  // shell patterns (companion/exclusions.h)
+};
+
+struct Decisions {
+  std::vector<Root> roots;  // in the byte order of their paths
+  Rules rules;
+
+  // The root that the path lies in: the innermost where they lie in one another. The pointer lives
+  // as long as the roots do.
+  const Root* rootOf(const std::string& path) const;
+
+  // The roots at and below the path.
+  std::vector<Root> rootsWithin(const std::string& path) const;
+
+  // Whether the path lies in a root and no rule leaves it out.
+  bool isIndexed(const std::string& path) const;
+};
+
+// All decisions as they stand. Nothing when they could not be read whole: an index without some of
+// them would show what was withheld.
+std::optional<Decisions> readDecisions(const Connection& index);
+
+// The decisions of an index that other programs may change meanwhile, read again only then. Within
+// a transaction they hold until its end.
+class CurrentDecisions {
+ public:
+  explicit CurrentDecisions(const Connection& index) : index_(index) {}
+
+  // Nothing when they could not be read. The pointer lives until the next call. Changes through the
+  // same connection are not noticed.
+  const Decisions* get();
+
+ private:
+  const Connection& index_;
+  std::int64_t version_ = -1;
+  std::optional<Decisions> decisions_;
+};
+
+// Each within the caller's transaction, which must not be committed when it is false.
+bool storeRule(const Connection& index, const Rule& rule);
+bool dropRule(const Connection& index, const std::string& path);
+bool storeRoot(const Connection& index, const Root& root);
+// The roots at and below the path with their exclusions and with all rules there.
+bool dropRoots(const Connection& index, const std::string& path);
+
+}  // namespace norvast

@@ -1,0 +1,49 @@
+#include "companion/moved_folder.h"
+
+#include <vector>
+
+#include "companion/decisions.h"
+#include "companion/exposure.h"
+#include "companion/index_schema.h"
+#include "companion/path_range.h"
+#include "store/statement.h"
+#include "store/transaction.h"
+
+namespace norvast {
+namespace {
+
+bool clear(const Connection& index, const std::string& table, const PathRange& range) {
+  return Statement(index, "DELETE FROM " + table + " WHERE " + AT_OR_BELOW,
+                   std::vector{range.path, range.firstBelow, range.firstBehind})
+      .run();
+}
+
+bool move(const Connection& index, const std::string& table, const PathRange& from,
+          const PathRange& to) {
+  return clear(index, table, to) &&
+         Statement(index,
+                   "UPDATE " + table + " SET path = ? || substr(path, length(?) + 1) WHERE " +
+                       AT_OR_BELOW,
+                   std::vector{to.path, from.path, from.path, from.firstBelow, from.firstBehind})
+             .run();
+}
+
+bool moveAll(const Connection& index, const PathRange& from, const PathRange& to) {
+  for (const char* table : FILE_TABLES) {
+    if (!move(index, table, from, to)) return false;
+  }
+  const auto decisions = readDecisions(index);
+  return decisions && bringExposureInLine(index, decisions->rules, to.path);
+}
+
+}  // namespace
+
+bool moveRows(const Connection& index, const std::string& from, const std::string& to) {
+  const PathRange source(from);
+  const PathRange target(to);
+  if (source.contains(to) || target.contains(from)) return false;
+  Transaction transaction(index);
+  return transaction && moveAll(index, source, target) && transaction.commit();
+}
+
+}  // namespace norvast

@@ -1,0 +1,16 @@
+// Moved folder: its files described under their new paths, without reading them again.
+#pragma once
+
+#include <string>
+
+#include "store/connection.h"
+
+namespace norvast {
+
+// Lets the rows of all files below the folder `from` describe those below `to`, where it was moved;
+// rows that stood there go. Clients see them as the rules for their new paths say. What is left out
+// at the new place stays until that is indexed. False when the index could not be written, or one
+// folder lies in the other; then nothing was changed.
+bool moveRows(const Connection& index, const std::string& from, const std::string& to);
+
+}  // namespace norvast

@@ -1,0 +1,148 @@
+// What the user decided stays decided: rules, roots and what clients see by them.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "companion/index_database.h"
+#include "companion/moved_folder.h"
+#include "companion/rules.h"
+#include "tests/index_command.h"
+#include "tests/test_home.h"
+
+namespace norvast {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+TEST(Rules, HoldForAllBelowUntilANearerOne) {
+  Rules rules;
+  rules.set("/a", RuleKind::content);
+  rules.set("/a/b", RuleKind::withheld);
+  rules.set("/a/b/c%_'d/e.txt", RuleKind::metadata);
+  rules.set("/a0", RuleKind::leftOut);
+  struct Row {
+    const char* path;
+    const char* holds;  // the path of the rule; empty for none
+  };
+  for (const auto& [path, holds] :
+       {Row{"/a", "/a"}, Row{"/a/x", "/a"}, Row{"/a/b/x/y", "/a/b"}, Row{"/a/bc", "/a"},
+        Row{"/a/b/c%_'d/e.txt", "/a/b/c%_'d/e.txt"}, Row{"/a/b/cXX'd/e.txt", "/a/b"},
+        Row{"/a.txt", ""}, Row{"/", ""}, Row{"/A/x", ""}, Row{"/a0/x", "/a0"}}) {
+    const auto rule = rules.holdingFor(path);
+    EXPECT_EQ(rule ? rule->path : "", holds) << path;
+  }
+  EXPECT_EQ(rules.below("/a").size(), 2U);
+  EXPECT_EQ(rules.below("/").size(), 4U);
+  EXPECT_FALSE(rules.hasBelow("/a/b/c%_'d/e.txt"));
+  rules.set("/", RuleKind::withheld);
+  EXPECT_EQ(rules.holdingFor("/z")->path, "/");
+  EXPECT_EQ(rules.below("/").size(), 4U);
+}
+
+class DecisionsTest : public testing::Test {
+ protected:
+  DecisionsTest() {
+    for (const char* name : {"a", "private/s", "private/open/o", "old/x"}) write(name);
+  }
+
+  void write(const std::string& name) const { home.writeFile(docs + name, name); }
+
+  // Runs a command on `names` in the folder of the documents; what it says.
+  std::string run(const std::string& command, const std::string& names, int status = 0) const {
+    const Outcome outcome = index(home, command + " " + names, docs);
+    EXPECT_EQ(outcome.status, status) << outcome.output;
+    return outcome.output;
+  }
+
+  Rows shown() const {
+    return home.query("SELECT substr(path," + std::to_string(docs.size() + 1) +
+                      "), allow_content FROM mcp_exposure ORDER BY path");
+  }
+
+  TestHome home;
+  std::string docs = home.path().string() + "/it's 100%_docs/";
+};
+
+TEST_F(DecisionsTest, OutliveARefreshAndHoldForNewFiles) {
+  run("add --nominate content", ".");
+  run("withdraw", "private");
+  write("b");
+  write("private/new");
+  EXPECT_NE(run("add --nominate content", ".")
+                .find("1 folder below stays withheld: " + docs + "private; name it to change that"),
+            std::string::npos);
+  EXPECT_EQ(shown(), Rows({"a|1", "b|1", "old/x|1"}));
+
+  run("nominate", "private/open");  // a rule below a rule below a rule
+  run("remove", "old");
+  write("old/y");
+  run("update", "");
+  EXPECT_EQ(shown(), Rows({"a|1", "b|1", "private/open/o|0"}));
+  EXPECT_EQ(home.query("SELECT count(*) FROM file WHERE path LIKE '%/old/%'"), Rows{"0"});
+
+  EXPECT_NE(run("rules", "").find("withheld          2  " + docs + "private\n"), std::string::npos);
+  run("rules clear", "private");
+  EXPECT_EQ(shown(), Rows({"a|1", "b|1", "private/new|1", "private/open/o|0", "private/s|1"}));
+  EXPECT_NE(run("add", "old").find("withheld from now on"), std::string::npos);
+  EXPECT_EQ(shown().size(), 5U);
+  run("remove", ".");
+  EXPECT_EQ(
+      home.query("SELECT path FROM root UNION ALL SELECT path FROM rule UNION ALL SELECT path "
+                 "FROM file UNION ALL SELECT path FROM mcp_exposure"),
+      Rows());
+}
+
+TEST_F(DecisionsTest, FindWhatIsGoneBehindALink) {
+  run("add --nominate content", ".");
+  std::filesystem::create_symlink(docs.substr(0, docs.size() - 1), home.path() / "link");
+  std::filesystem::remove_all(docs + "private");
+  run("withdraw", "../link/private/s");
+  EXPECT_EQ(shown(), Rows({"a|1", "old/x|1", "private/open/o|1"}));
+  std::filesystem::create_symlink(docs + "private", docs + "dangling");
+  run("remove", "dangling/open");
+  EXPECT_EQ(shown(), Rows({"a|1", "old/x|1"}));
+  EXPECT_NE(run("add", "../link").find("following the link"), std::string::npos);
+  std::filesystem::create_symlink("..", docs + "up");
+  run("add", "up", 1);
+  run("withdraw", "nowhere", 1);
+  EXPECT_NE(run("withdraw", "/etc/passwd").find("the rule is kept"), std::string::npos);
+}
+
+// A root within a root is kept up with by itself, and what is decided about one holds in both.
+TEST_F(DecisionsTest, HoldInRootsWithinRoots) {
+  write(".hidden/h");
+  run("add --nominate metadata", ".");
+  run("add", ".hidden private");
+  EXPECT_EQ(shown().size(), 5U);
+  std::filesystem::remove(docs + ".hidden/h");
+  std::filesystem::remove(docs + "private/s");
+  run("update", "");
+  EXPECT_EQ(shown(), Rows({"a|0", "old/x|0", "private/open/o|0"}));
+  run("remove", "private");
+  run("update", "");
+  EXPECT_EQ(shown(), Rows({"a|0", "old/x|0"}));
+  std::filesystem::rename(docs, home.path() / "elsewhere");
+  EXPECT_NE(index(home, "update").output.find("what is known of it is kept"), std::string::npos);
+  EXPECT_EQ(shown().size(), 2U);
+}
+
+TEST_F(DecisionsTest, HoldWhereAFolderIsMovedTo) {
+  run("add --nominate content", ".");
+  run("withdraw", "private");
+  setenv("HOME", home.path().c_str(), 1);
+  const auto opened = openIndex();
+  const auto& connection = std::get<Connection>(opened);
+  EXPECT_TRUE(moveRows(connection, docs + "old", docs + "private/older"));
+  EXPECT_TRUE(moveRows(connection, docs + "private/open", docs + "opened"));
+  EXPECT_FALSE(moveRows(connection, docs + "private", docs + "private/in"));
+  EXPECT_EQ(shown(), Rows({"a|1", "opened/o|1"}));
+  for (const char* table : {"file", "analysis", "embedding", "chunk"}) {
+    EXPECT_EQ(home.query(std::string("SELECT count(*) FROM ") + table +
+                         " WHERE path LIKE '%/private/older/x' OR path LIKE '%/opened/o'"),
+              Rows{"2"});
+  }
+}
+
+}  // namespace
+}  // namespace norvast
