@@ -1,10 +1,12 @@
 #include "extractor/notebook_reader.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "extractor/reading_bounds.h"
-#include "json/json_parser.h"
+#include "json/json_text.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -13,21 +15,17 @@ namespace {
 using Kind = DocumentBlock::Kind;
 
 // A text is one string or an array of its lines (nbformat 4, "The notebook file format").
-std::string textOf(const Json::Object& object, std::string_view key) {
-  std::string text;
-  const Json* value = member(object, key);
-  if (value == nullptr) return text;
-  if (value->string() != nullptr) return *value->string();
-  if (value->array() == nullptr) return text;
-  for (const Json& line : *value->array()) {
-    if (line.string() != nullptr) text += *line.string();
-  }
+std::string textOf(const JsonText& object, std::string_view key) {
+  const auto value = object.member(key);
+  if (!value) return {};
+  std::string text = value->string().value_or("");
+  for (const JsonText& line : value->elements()) text += line.string().value_or("");
   return text;
 }
 
-const Json::Array* arrayOf(const Json::Object& object, std::string_view key) {
-  const Json* value = member(object, key);
-  return value == nullptr ? nullptr : value->array();
+std::vector<JsonText> elementsOf(const JsonText& object, std::string_view key) {
+  const auto value = object.member(key);
+  return value ? value->elements() : std::vector<JsonText>();
 }
 
 void addMarkdown(std::string_view text, DocumentBuilder& document) {
@@ -48,28 +46,20 @@ void addMarkdown(std::string_view text, DocumentBuilder& document) {
   document.addLines(Kind::paragraph, paragraph);
 }
 
-void addOutput(const Json::Object& output, DocumentBuilder& document) {
+void addOutput(const JsonText& output, DocumentBuilder& document) {
   document.addLines(Kind::paragraph, textOf(output, "text"));
-  const Json* data = member(output, "data");
-  if (data == nullptr || data->object() == nullptr) return;
-  document.addLines(Kind::paragraph, textOf(*data->object(), "text/plain"));
+  const auto data = output.member("data");
+  if (data) document.addLines(Kind::paragraph, textOf(*data, "text/plain"));
 }
 
-void addCell(const Json::Object& cell, DocumentBuilder& document) {
-  const Json* type = member(cell, "cell_type");
-  const bool isMarkdown =
-      type != nullptr && type->string() != nullptr && *type->string() == "markdown";
+void addCell(const JsonText& cell, DocumentBuilder& document) {
   const std::string source = textOf(cell, "source");
-  if (isMarkdown) {
+  if (textOf(cell, "cell_type") == "markdown") {
     addMarkdown(source, document);
   } else {
     document.addLines(Kind::paragraph, source);
   }
-  const Json::Array* outputs = arrayOf(cell, "outputs");
-  if (outputs == nullptr) return;
-  for (const Json& output : *outputs) {
-    if (output.object() != nullptr) addOutput(*output.object(), document);
-  }
+  for (const JsonText& output : elementsOf(cell, "outputs")) addOutput(output, document);
 }
 
 }  // namespace
@@ -77,14 +67,13 @@ void addCell(const Json::Object& cell, DocumentBuilder& document) {
 ReadDocument readNotebook(std::string_view bytes, std::size_t limitCharacters) {
   if (bytes.size() > MOST_NOTEBOOK_BYTES) return ReadFailure::tooLarge;
   if (validUtf8Length(bytes) != bytes.size()) return ReadFailure::decodingFailed;
-  const auto notebook = parseJson(bytes);
-  const Json::Object* object = notebook ? notebook->object() : nullptr;
-  const Json::Array* cells = object == nullptr ? nullptr : arrayOf(*object, "cells");
-  if (cells == nullptr) return ReadFailure::decodingFailed;
+  const auto notebook = JsonText::parse(bytes);
+  const auto cells = notebook ? notebook->member("cells") : std::nullopt;
+  if (!cells || !cells->isArray()) return ReadFailure::decodingFailed;
   DocumentBuilder document("notebook", limitCharacters);
-  for (const Json& cell : *cells) {
+  for (const JsonText& cell : cells->elements()) {
     if (document.isFull()) break;
-    if (cell.object() != nullptr) addCell(*cell.object(), document);
+    addCell(cell, document);
   }
   return document.take();
 }

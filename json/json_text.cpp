@@ -166,6 +166,17 @@ std::optional<JsonText> JsonText::member(std::string_view key) const {
   return found;
 }
 
+std::vector<JsonText> JsonText::elements() const {
+  std::vector<JsonText> elements;
+  JsonCursor cursor(text_);
+  if (!cursor.take('[')) return elements;
+  while (!cursor.take(']')) {
+    elements.push_back(JsonText(cursor.takeValue()));
+    (void)cursor.take(',');
+  }
+  return elements;
+}
+
 std::optional<std::string> JsonText::string() const {
   if (!text_.starts_with('"')) return std::nullopt;
   return decode(text_);

@@ -1,4 +1,4 @@
-// JSON text: a request as it came, checked once as a whole and then read in place, so that a line
+// JSON text: a value as it came, checked once as a whole and then read in place, so that a line
 // costs little more memory than its bytes and what nobody asks for is never built.
 #pragma once
 
@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace norvast {
 
@@ -18,10 +19,14 @@ class JsonText {
   static std::optional<JsonText> parse(std::string_view text);
 
   bool isObject() const { return text_.front() == '{'; }
+  bool isArray() const { return text_.front() == '['; }
 
   // The value under that key, the last one where there are several. Nothing when there is none, or
   // when this is no object.
   std::optional<JsonText> member(std::string_view key) const;
+
+  // The elements, or none when this is no array.
+  std::vector<JsonText> elements() const;
 
   // The value when it is of that type, else nothing. In a string, half of a surrogate pair, which
   // stands for no character, is U+FFFD. A number is whole by its value, however it was written.
