@@ -9,7 +9,6 @@
 #include <optional>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include "extractor/lock_in.h"
 
@@ -35,19 +34,25 @@ Descriptor takeOutput() {
   return output;
 }
 
-// The one order in which a stranger's bytes are met: nothing reads them outside the lock.
-Extracted extract(const Extraction& extraction, const Descriptor& output,
-                  std::size_t limitClusters) {
-  if (!limitExtractor(output)) return ReadFailure::noProgram;
-  const Extraction::Read read = extraction.prepare();
-  const std::vector<std::string> folders(extraction.readableFolders.begin(),
-                                         extraction.readableFolders.end());
-  if (!read || !lockIn(folders)) return ReadFailure::noProgram;
+// The file as memory; standard input is closed then.
+std::variant<FileMapping, ReadFailure> mapInput() {
   const Descriptor file(STDIN_FILENO);
   if (isEmptyFile(file)) return ReadFailure::noText;
   auto mapping = FileMapping::of(file);
   if (!mapping) return ReadFailure::tooLarge;
-  return read(std::move(*mapping), limitClusters);
+  return std::move(*mapping);
+}
+
+// The one order in which a stranger's bytes are met: nothing looks at them outside the lock.
+Extracted extract(const Extraction& extraction, const Descriptor& output,
+                  std::size_t limitClusters) {
+  if (!limitExtractor(output)) return ReadFailure::noProgram;
+  const Extraction::Read read = extraction.prepare();
+  if (!read) return ReadFailure::noProgram;
+  auto file = mapInput();
+  if (const auto* failure = std::get_if<ReadFailure>(&file)) return *failure;
+  if (!lockIn(extraction.readableFolders)) return ReadFailure::noProgram;
+  return read(std::move(std::get<FileMapping>(file)), limitClusters);
 }
 
 }  // namespace

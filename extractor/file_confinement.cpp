@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <string>
 
 #include "platform/descriptor.h"
 
@@ -25,8 +26,8 @@ Descriptor makeRuleset() {
       static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0)));
 }
 
-bool allowReading(const Descriptor& ruleset, const std::string& path) {
-  const Descriptor place(open(path.c_str(), O_PATH | O_CLOEXEC));
+bool allowReading(const Descriptor& ruleset, std::string_view path) {
+  const Descriptor place(open(std::string(path).c_str(), O_PATH | O_CLOEXEC));
   struct stat status {};
   if (!place || fstat(place.number(), &status) != 0) return true;
   landlock_path_beneath_attr rule{};
@@ -42,11 +43,11 @@ bool kernelHasLandlock() {
 
 }  // namespace
 
-bool confineFiles(std::span<const std::string> readable) {
+bool confineFiles(std::span<const std::string_view> readable) {
   if (!kernelHasLandlock()) return true;
   const Descriptor ruleset = makeRuleset();
   if (!ruleset) return false;
-  for (const std::string& path : readable) {
+  for (const std::string_view path : readable) {
     if (!allowReading(ruleset, path)) return false;
   }
   return syscall(SYS_landlock_restrict_self, ruleset.number(), 0) == 0;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <span>
-#include <string>
+#include <string_view>
 
 namespace norvast {
 
@@ -10,6 +10,6 @@ namespace norvast {
 // it can create, remove and start nothing. What is open already stays so; a path that does not
 // exist is passed over. The process must have forgone new privileges. True also where the kernel
 // has no such means (Landlock: Linux 5.13); false when it has them and they failed.
-bool confineFiles(std::span<const std::string> readable);
+bool confineFiles(std::span<const std::string_view> readable);
 
 }  // namespace norvast

@@ -7,6 +7,14 @@
 #include <cstdint>
 #include <memory>
 
+// In place of libde265's function of this name, which libheif calls for every HEVC picture: without
+// a worker thread it decodes in the calling one, and behind the lock there is no other. Exported
+// from the program, it comes before the library's own.
+extern "C" __attribute__((visibility("default"))) int de265_start_worker_threads(void* /*decoder*/,
+                                                                                 int /*count*/) {
+  return 0;  // DE265_OK
+}
+
 namespace norvast {
 namespace {
 
@@ -25,7 +33,7 @@ bool succeeded(const heif_error& error) { return error.code == heif_error_Ok; }
 
 Handle primaryPicture(heif_context* context, std::string_view bytes) {
   heif_image_handle* handle = nullptr;
-  // One thread: a program that has given up most of the system calls gains nothing from more.
+  // No thread of libheif's own either.
   heif_context_set_max_decoding_threads(context, 0);
   if (!succeeded(heif_context_read_from_memory_without_copy(context, bytes.data(), bytes.size(),
                                                             nullptr)) ||

@@ -24,8 +24,9 @@ bool limitExtractor(const Descriptor& output) {
   return limitProcess({ADDRESS_SPACE_BYTES, CPU_SECONDS}) && dieWithParent(output);
 }
 
-bool lockIn(std::span<const std::string> readableFolders) {
-  return forgoNewPrivileges() && confineFiles(readableFolders) && filterSystemCalls();
+bool lockIn(std::span<const std::string_view> readableFolders) {
+  return forgoNewPrivileges() && confineFiles(readableFolders) &&
+         filterSystemCalls(readableFolders.empty() ? Opening::nothing : Opening::forReading);
 }
 
 }  // namespace norvast

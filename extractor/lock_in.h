@@ -3,7 +3,7 @@
 #pragma once
 
 #include <span>
-#include <string>
+#include <string_view>
 
 #include "platform/descriptor.h"
 
@@ -16,6 +16,6 @@ bool limitExtractor(const Descriptor& output);
 // Takes away all files but those at or below `readableFolders` and what is open, and all system
 // calls that decoding does not need. Nothing gives them back. False when the kernel could do so
 // and failed; one that cannot leaves the limits alone.
-bool lockIn(std::span<const std::string> readableFolders);
+bool lockIn(std::span<const std::string_view> readableFolders);
 
 }  // namespace norvast

@@ -4,6 +4,7 @@
 #include <poppler-global.h>
 #include <poppler-page.h>
 
+#include <ctime>
 #include <exception>
 #include <limits>
 #include <memory>
@@ -16,7 +17,19 @@ namespace {
 
 constexpr std::string_view PAGE_SEPARATOR = "\n\n";
 
+constexpr std::string_view SMALLEST_DOCUMENT =
+    "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
+    "2 0 obj<</Type/Pages/Kids[]/Count 0>>endobj\ntrailer<</Root 1 0 R>>\n";
+
+using Document = std::unique_ptr<poppler::document>;
+
 void dropMessage(const std::string& /*message*/, void* /*closure*/) {}
+
+Document load(std::string_view bytes) {
+  poppler::set_debug_error_function(dropMessage, nullptr);
+  return Document(
+      poppler::document::load_from_raw_data(bytes.data(), static_cast<int>(bytes.size())));
+}
 
 std::string utf8(const poppler::ustring& text) {
   const poppler::byte_array bytes = text.to_utf8();
@@ -51,14 +64,15 @@ void preparePdfText() {
   // Texts are converted through iconv, whose converters are loaded at their first use and stay.
   // What follows them, without a message, where they cannot be loaded is an empty text.
   (void)utf8(poppler::ustring::from_utf8("."));
+  // The names of characters are read with the first document and kept while there is one.
+  static const Document first = load(SMALLEST_DOCUMENT);
+  tzset();  // else done at the first date
 }
 
 std::variant<std::string, ReadFailure> pdfText(std::string_view bytes,
                                                std::size_t limitClusters) try {
   if (bytes.size() > std::size_t{std::numeric_limits<int>::max()}) return ReadFailure::tooLarge;
-  poppler::set_debug_error_function(dropMessage, nullptr);
-  const std::unique_ptr<poppler::document> document(
-      poppler::document::load_from_raw_data(bytes.data(), static_cast<int>(bytes.size())));
+  const Document document = load(bytes);
   if (!document) return ReadFailure::decodingFailed;
   if (document->is_locked()) return ReadFailure::encrypted;
 

@@ -14,11 +14,8 @@ namespace norvast {
 // opening files. What it may need besides, for the odd document, lies in PDF_DATA_FOLDERS.
 void preparePdfText();
 
-// Character maps of Asian fonts; fonts and their configuration, in place of missing ones.
-inline constexpr std::string_view PDF_DATA_FOLDERS[] = {
-    "/usr/share/poppler",    "/usr/share/fonts", "/usr/local/share/fonts",
-    "/usr/share/fontconfig", "/etc/fonts",       "/var/cache/fontconfig",
-};
+// Character maps of Asian fonts. Fonts themselves are for drawing: no text needs them.
+inline constexpr std::string_view PDF_DATA_FOLDERS[] = {"/usr/share/poppler"};
 
 // The text of the document in `bytes` as UTF-8, pages in their order with an empty line between
 // them, those without text left out: whole, or at least its first `limitClusters` user-perceived

@@ -2,9 +2,11 @@
 #include "extractor/lock_in.h"
 
 #include <arpa/inet.h>
+#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -12,9 +14,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <string>
-#include <thread>
+#include <string_view>
 #include <vector>
 
 #include "platform/descriptor.h"
@@ -23,9 +27,13 @@
 namespace norvast {
 namespace {
 
+// What the child tells by its exit status.
+enum Outcome : int { refused = 3, succeeded = 4, notLocked = 5 };
+
 struct Deed {
   const char* name;
-  bool allowed;
+  int withFolder;  // outcome where one folder may be read, or the negative of a signal
+  int without;     // outcome where none may be
   bool (*succeeds)(const std::string& folder);
 };
 
@@ -34,59 +42,94 @@ bool opens(const std::string& path, int flags) {
 }
 
 const Deed DEEDS[] = {
-    {"read a permitted file", true,
-     [](const std::string& folder) { return opens(folder + "/permitted/file", O_RDONLY); }},
-    {"start a thread", true,
+    {"compute in memory", succeeded, succeeded,
      [](const std::string&) {
-       std::thread([] {}).join();
-       return true;
+       std::vector<int> numbers(std::size_t{10} << 20, 1);
+       std::sort(numbers.begin(), numbers.end());
+       return numbers.front() == 1;
      }},
-    {"read /etc/passwd", false, [](const std::string&) { return opens("/etc/passwd", O_RDONLY); }},
-    {"write a permitted file", false,
+    {"abort", -SIGABRT, -SIGABRT, [](const std::string&) -> bool { std::abort(); }},
+    {"read a permitted file", succeeded, refused,
+     [](const std::string& folder) { return opens(folder + "/permitted/file", O_RDONLY); }},
+    {"start a thread", refused, refused,
+     [](const std::string&) {
+       pthread_t thread{};
+       return pthread_create(
+                  &thread, nullptr, [](void* none) { return none; }, nullptr) == 0;
+     }},
+    {"see whether a permitted file exists", refused, refused,
+     [](const std::string& folder) {
+       struct stat status {};
+       const std::string file = folder + "/permitted/file";
+       return stat(file.c_str(), &status) == 0 || access(file.c_str(), F_OK) == 0;
+     }},
+    {"hold the path of a file", refused, refused,
+     [](const std::string& folder) { return opens(folder + "/file", O_PATH); }},
+    {"list a permitted folder", refused, refused,
+     [](const std::string& folder) {
+       DIR* found = opendir((folder + "/permitted").c_str());
+       return found != nullptr && readdir(found) != nullptr;
+     }},
+    {"map memory to execute", refused, refused,
+     [](const std::string&) {
+       return mmap(nullptr, 4096, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) !=
+              MAP_FAILED;
+     }},
+    {"execute what was written", refused, refused,
+     [](const std::string&) {
+       void* page = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+       return mprotect(page, 4096, PROT_READ | PROT_EXEC) == 0;
+     }},
+    {"ask for its parent's limits", refused, refused,
+     [](const std::string&) {
+       rlimit limit{};
+       return prlimit(getppid(), RLIMIT_NOFILE, nullptr, &limit) == 0;
+     }},
+    {"read /etc/passwd", refused, refused,
+     [](const std::string&) { return opens("/etc/passwd", O_RDONLY); }},
+    {"write a permitted file", refused, refused,
      [](const std::string& folder) { return opens(folder + "/permitted/file", O_WRONLY); }},
-    {"truncate a permitted file", false,
+    {"truncate a permitted file", refused, refused,
      [](const std::string& folder) {
        return opens(folder + "/permitted/file", O_RDONLY | O_TRUNC);
      }},
-    {"create a file", false,
+    {"create a file", refused, refused,
      [](const std::string& folder) {
        return opens(folder + "/permitted/new", O_RDONLY | O_CREAT);
      }},
-    {"remove a file", false,
+    {"remove a file", refused, refused,
      [](const std::string& folder) { return unlink((folder + "/permitted/file").c_str()) == 0; }},
-    {"start a program", false,
+    {"start a program", refused, refused,
      [](const std::string&) {
        (void)execl("/bin/true", "true", nullptr);
        return false;  // or status 0 is taken for it
      }},
-    {"start a process", false,
+    {"start a process", refused, refused,
      [](const std::string&) {
        const pid_t child = fork();
        if (child == 0) _exit(0);
        return child > 0;
      }},
-    {"open a network socket", false,
+    {"open a network socket", refused, refused,
      [](const std::string&) { return socket(AF_INET, SOCK_STREAM, 0) >= 0; }},
-    {"signal its parent", false, [](const std::string&) { return kill(getppid(), 0) == 0; }},
-    {"raise a limit", false,
+    {"signal its parent", refused, refused,
+     [](const std::string&) { return kill(getppid(), 0) == 0; }},
+    {"raise a limit", refused, refused,
      [](const std::string&) {
        const rlimit limit{RLIM_INFINITY, RLIM_INFINITY};
        return setrlimit(RLIMIT_CORE, &limit) == 0;
      }},
 };
 
-// What the child tells by its exit status.
-enum Outcome : int { refused = 3, succeeded = 4, notLocked = 5 };
-
-// Tries the deed in a child that is locked in, with one permitted folder.
-int outcomeInside(const Deed& deed, const std::string& folder) {
+// Tries the deed in a child that is locked in, but for the permitted places.
+int outcomeInside(const Deed& deed, const std::string& folder,
+                  const std::vector<std::string_view>& readable) {
   int ends[2];
   EXPECT_EQ(pipe(ends), 0);
   const Descriptor reading(ends[0]);
   const Descriptor writing(ends[1]);
   const pid_t child = fork();
   if (child == 0) {
-    const std::vector<std::string> readable = {folder + "/permitted", folder + "/missing"};
     if (!limitExtractor(writing) || !lockIn(readable)) _exit(notLocked);
     _exit(deed.succeeds(folder) ? succeeded : refused);
   }
@@ -101,8 +144,11 @@ TEST(LockIn, LeavesReadingAndComputingAlone) {
   std::filesystem::create_directory(home.path() / "permitted");
   home.writeFile(home.path() / "permitted" / "file", "x");
   home.writeFile(home.path() / "file", "x");
+  const std::string permitted = home.path() / "permitted";
   for (const Deed& deed : DEEDS) {
-    EXPECT_EQ(outcomeInside(deed, home.path()), deed.allowed ? succeeded : refused) << deed.name;
+    EXPECT_EQ(outcomeInside(deed, home.path(), {permitted, "/missing"}), deed.withFolder)
+        << deed.name;
+    EXPECT_EQ(outcomeInside(deed, home.path(), {}), deed.without) << deed.name;
   }
 }
 
