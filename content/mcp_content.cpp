@@ -4,7 +4,6 @@
 #include <utility>
 #include <variant>
 
-#include "content/isolated_extraction.h"
 #include "content/utf8_file.h"
 #include "platform/regular_file.h"
 #include "text/file_name.h"
@@ -18,9 +17,10 @@ std::optional<std::string> withoutReason(std::variant<std::string, ReadFailure> 
   return std::move(std::get<std::string>(read));
 }
 
-std::optional<std::string> pdf(const std::string& path, std::size_t limitClusters) {
+std::optional<std::string> pdf(const std::string& path, std::size_t limitClusters,
+                               Deadline deadline) {
   const auto file = openRegularFile(path);
-  return file ? withoutReason(isolatedPdfText(*file, limitClusters)) : std::nullopt;
+  return file ? withoutReason(isolatedPdfText(*file, limitClusters, deadline)) : std::nullopt;
 }
 
 std::optional<std::string> utf8(const std::string& path, std::size_t limitBytes) {
@@ -35,20 +35,22 @@ std::optional<ExtractedText> labelled(std::optional<std::string> text, std::stri
 
 }  // namespace
 
-std::optional<ExtractedText> MCPContent::extract(const std::string& path, std::int64_t maxChars) {
+std::optional<ExtractedText> MCPContent::extract(const std::string& path, std::int64_t maxChars,
+                                                 Deadline deadline) {
   if (maxChars < 1) return std::nullopt;
   const auto limit = static_cast<std::size_t>(maxChars);
   const std::string extension = pathExtension(path);
-  if (extension == "pdf") return labelled(pdf(path, limit), "PDFKit");
+  if (extension == "pdf") return labelled(pdf(path, limit, deadline), "PDFKit");
   if (std::find(imageExts.begin(), imageExts.end(), extension) != imageExts.end()) {
-    return labelled(ocr(path, limit), "Vision OCR");
+    return labelled(ocr(path, limit, deadline), "Vision OCR");
   }
   return labelled(utf8(path, limit), "text");
 }
 
-std::optional<std::string> MCPContent::ocr(const std::string& path, std::size_t limitClusters) {
+std::optional<std::string> MCPContent::ocr(const std::string& path, std::size_t limitClusters,
+                                           Deadline deadline) {
   const auto file = openRegularFile(path);
-  return file ? withoutReason(isolatedImageText(*file, limitClusters)) : std::nullopt;
+  return file ? withoutReason(isolatedImageText(*file, limitClusters, deadline)) : std::nullopt;
 }
 
 }  // namespace norvast

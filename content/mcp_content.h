@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "content/isolated_extraction.h"
+
 namespace norvast {
 
 struct ExtractedText {
@@ -25,13 +27,16 @@ class MCPContent {
 
   // The text of the regular file at `path` with the method's name. `maxChars` counts user-perceived
   // characters for PDFs and images, and bytes for all other files; below 1 there is no text. What
-  // the file holds does not choose the method. Nothing when there is no text, whatever the reason.
-  static std::optional<ExtractedText> extract(const std::string& path, std::int64_t maxChars);
+  // the file holds does not choose the method. Nothing when there is no text, whatever the reason:
+  // for PDFs and images also when it has not come by the deadline.
+  static std::optional<ExtractedText> extract(const std::string& path, std::int64_t maxChars,
+                                              Deadline deadline = readingDeadline());
 
  private:
   // The recognised lines of the image file's first picture in the recogniser's order, joined by
   // single blanks.
-  static std::optional<std::string> ocr(const std::string& path, std::size_t limitClusters);
+  static std::optional<std::string> ocr(const std::string& path, std::size_t limitClusters,
+                                        Deadline deadline);
 };
 
 }  // namespace norvast

@@ -28,6 +28,7 @@ std::string successResult(const ExtractedText& content) {
 }  // namespace
 
 Json readFileContentTool(const Arguments& args, const MCPStore& store) {
+  const Deadline deadline = readingDeadline();  // the gates' waits for a busy index count too
   const std::string path = args.str("path");
   if (isSensitive(path)) {
     audit(store, {"read", path, "denied · sensitive path", Severity::deny});
@@ -41,7 +42,7 @@ Json readFileContentTool(const Arguments& args, const MCPStore& store) {
     audit(store, {"read", path, "denied · content reads off", Severity::warn});
     return textResult("Denied: content reads are off for this file (metadata only).", IsError::yes);
   }
-  auto content = MCPContent::extract(path, MOST_CHARACTERS);
+  auto content = MCPContent::extract(path, MOST_CHARACTERS, deadline);
   if (!content) {
     audit(store, {"read", path, "no extractor", Severity::warn});
     return textResult("No on-device text could be extracted from this file type.", IsError::yes);
