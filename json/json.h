@@ -1,4 +1,4 @@
-// JSON value: what every answer is built from, and what a file in JSON is parsed into.
+// JSON value: what every answer is built from.
 #pragma once
 
 #include <concepts>
@@ -46,10 +46,7 @@ class Json {
   // The value when it is of that type, else nullptr. Owned by this value.
   const std::string* string() const { return std::get_if<std::string>(&value_); }
   const bool* boolean() const { return std::get_if<bool>(&value_); }
-  const Array* array() const { return std::get_if<Array>(&value_); }
-  Array* array() { return std::get_if<Array>(&value_); }
   const Object* object() const { return std::get_if<Object>(&value_); }
-  Object* object() { return std::get_if<Object>(&value_); }
 
  private:
   Value value_ = nullptr;
