@@ -31,7 +31,7 @@ void printTime(const char* name, const norvast::SentenceEmbedding& sentence,
                const std::vector<std::string>& queries) {
   double sum = 0;
   const auto start = std::chrono::steady_clock::now();
-  for (const std::string& query : queries) sum += sentence.vector(query)->front();
+  for (const std::string& query : queries) sum += double{sentence.vector(query)->front()};
   const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - start;
   std::printf("%-58s %6.1f microseconds%s\n", name, taken.count() / QUERIES, sum == 1 ? " " : "");
 }

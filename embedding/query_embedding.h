@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,9 +10,10 @@
 
 namespace norvast {
 
-// The text's vector, exactly as it was sent, in single precision (rounded to nearest even). Nothing
-// when there is no model or it gives no vector.
-std::optional<std::vector<float>> embedQuery(const std::optional<SentenceEmbedding>& sentence,
-                                             std::string_view text);
+// The text's vector, exactly as it was sent, for an index whose vectors are of that scheme. Nothing
+// when there is no embedding or it gives no vector.
+std::optional<std::vector<float>> embedQuery(
+    const std::optional<SentenceEmbedding>& sentence, std::string_view text,
+    const std::optional<std::string>& indexScheme = std::nullopt);
 
 }  // namespace norvast

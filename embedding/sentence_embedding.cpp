@@ -1,94 +1,95 @@
 #include "embedding/sentence_embedding.h"
 
-#include <algorithm>
-#include <cmath>
-#include <span>
-#include <string>
-#include <unordered_map>
+#include <cstddef>
 #include <utility>
+#include <variant>
 
-#include "embedding/embedding_features.h"
-#include "embedding/embedding_words.h"
-#include "embedding/english_stemmer.h"
-#include "embedding/stem_weights.h"
+#include "embedding/installed_model.h"
 
 namespace norvast {
-
 namespace {
 
-// What a word adds to any text, but for its count there.
-struct TakenApartWord {
-  WordFeatures features;
-  double weight = 1;
-};
+// Stands between the name of the words' scheme and that of the model.
+constexpr char PLUS = '+';
 
-constexpr double NUMBER_WEIGHT = 1.3;
+constexpr double MODEL_WEIGHT = 0.6;
 
-bool isNumber(std::string_view word) {
-  return std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
+// The name of the model in a scheme; empty when there is none.
+std::string_view modelIn(std::string_view scheme) {
+  const std::size_t plus = scheme.find(PLUS);
+  return plus == std::string_view::npos ? std::string_view() : scheme.substr(plus + 1);
+}
+
+// The words' numbers, then `count` of the model's: those of the text, or zeros.
+std::vector<float> joined(const std::vector<double>& words, std::size_t count,
+                          const std::optional<std::vector<double>>& model) {
+  std::vector<float> vector(words.begin(), words.end());
+  vector.resize(words.size() + count);
+  if (!model) return vector;
+  for (std::size_t at = 0; at < count; ++at) {
+    vector[words.size() + at] = static_cast<float>(MODEL_WEIGHT * (*model)[at]);
+  }
+  return vector;
 }
 
 }  // namespace
 
-// The features of the words met last: texts repeat their words, and taking a word apart is most of
-// the work.
-class WordFeatureCache {
- public:
-  explicit WordFeatureCache(EnglishStemmer stemmer) : stemmer_(std::move(stemmer)) {}
+struct ModelInUse {
+  std::optional<InstalledModel> installed;
+  std::string missed;  // the name of a model that the one installed turned out not to be
 
-  // Adds the features of a word of that weight in its text to `sum`.
-  void add(const std::string& word, double weight, std::span<double> sum) {
-    if (word.size() > LONGEST_BYTES) return addTakenApart(takeApart(word), weight, sum);
-    auto known = known_.find(word);
-    if (known == known_.end()) {
-      if (known_.size() >= MOST_WORDS) known_.clear();
-      known = known_.emplace(word, takeApart(word)).first;
+  bool is(std::string_view name) const { return installed && installed->name == name; }
+
+  // Loads the installed model when it can be that of this name. A file that is there is read once
+  // for each name.
+  const StaticModel* named(std::string_view name) {
+    if (!is(name) && missed != name && isModelInstalled()) {
+      auto loaded = loadInstalledModel();
+      if (auto* model = std::get_if<InstalledModel>(&loaded)) installed = std::move(*model);
+      if (!is(name)) missed = name;
     }
-    addTakenApart(known->second, weight, sum);
+    return is(name) ? &installed->model : nullptr;
   }
-
- private:
-  // A word of common length takes about 500 bytes, so that all take about 2 MB; a run of letters
-  // of any length is taken apart and forgotten.
-  static constexpr std::size_t MOST_WORDS = 4096;
-  static constexpr std::size_t LONGEST_BYTES = 32;
-
-  TakenApartWord takeApart(const std::string& word) const {
-    const std::string stem = stemmer_.stem(word);
-    return {featuresOf(word, stem), isNumber(word) ? NUMBER_WEIGHT : stemWeight(stem)};
-  }
-
-  static void addTakenApart(const TakenApartWord& word, double weight, std::span<double> sum) {
-    addFeatures(word.features, weight * word.weight, sum);
-  }
-
-  EnglishStemmer stemmer_;
-  std::unordered_map<std::string, TakenApartWord> known_;
 };
 
 std::optional<SentenceEmbedding> SentenceEmbedding::english() {
-  auto stemmer = EnglishStemmer::open();
-  if (!stemmer) return std::nullopt;
-  return SentenceEmbedding(std::make_unique<WordFeatureCache>(std::move(*stemmer)));
+  auto words = WordEmbedding::open();
+  if (!words) return std::nullopt;
+  return SentenceEmbedding(std::move(*words));
 }
 
-SentenceEmbedding::SentenceEmbedding(std::unique_ptr<WordFeatureCache> features)
-    : features_(std::move(features)) {}
+SentenceEmbedding::SentenceEmbedding(WordEmbedding words)
+    : words_(std::move(words)), inUse_(std::make_unique<ModelInUse>()) {}
 SentenceEmbedding::SentenceEmbedding(SentenceEmbedding&&) noexcept = default;
 SentenceEmbedding& SentenceEmbedding::operator=(SentenceEmbedding&&) noexcept = default;
 SentenceEmbedding::~SentenceEmbedding() = default;
 
-std::optional<std::vector<double>> SentenceEmbedding::vector(std::string_view text) const {
-  std::vector<double> sum(EMBEDDING_DIMENSIONS);
-  for (const auto& [word, weight] : weighedWords(text)) {
-    features_->add(word, weight, sum);
-  }
-  double squares = 0;
-  for (const double value : sum) squares += value * value;
-  if (squares == 0) return std::nullopt;
-  const double length = std::sqrt(squares);
-  for (double& value : sum) value /= length;
-  return sum;
+std::optional<std::string> SentenceEmbedding::useInstalledModel() {
+  auto loaded = loadInstalledModel();
+  if (auto* why = std::get_if<std::string>(&loaded)) return std::move(*why);
+  if (auto* model = std::get_if<InstalledModel>(&loaded)) inUse_->installed = std::move(*model);
+  return std::nullopt;
+}
+
+std::string SentenceEmbedding::scheme() const {
+  std::string scheme = EMBEDDING_SCHEME;
+  if (inUse_->installed) scheme.append(1, PLUS).append(inUse_->installed->name);
+  return scheme;
+}
+
+std::optional<std::vector<float>> SentenceEmbedding::vector(std::string_view text) const {
+  return queryVector(text, scheme());
+}
+
+std::optional<std::vector<float>> SentenceEmbedding::queryVector(
+    std::string_view text, const std::optional<std::string>& indexScheme) const {
+  const auto words = words_.vector(text);
+  if (!words) return std::nullopt;
+  const std::string_view name = indexScheme ? modelIn(*indexScheme) : std::string_view();
+  const auto numbers = numbersOfModel(name);
+  if (!numbers) return joined(*words, 0, std::nullopt);
+  const StaticModel* model = inUse_->named(name);
+  return joined(*words, *numbers, model == nullptr ? std::nullopt : model->vector(text));
 }
 
 }  // namespace norvast

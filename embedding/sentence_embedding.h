@@ -1,51 +1,52 @@
-// Sentence embedding: one vector for a text, near the vectors of texts of like content.
+// Sentence embedding: one vector for a text, near the vectors of texts of like content: that of its
+// words and, where the user has installed a model, that model's behind it.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "embedding/word_embedding.h"
+
 namespace norvast {
 
-class WordFeatureCache;
+struct ModelInUse;
 
-inline constexpr std::size_t EMBEDDING_DIMENSIONS = 512;
-
-// Names the scheme that is written down below. Vectors of two schemes must never be compared:
-// whatever changes a single number of a vector changes this name.
-inline constexpr const char* EMBEDDING_SCHEME = "norvast-words-2";
-
-// The English model. It needs no weights: a text is the sum of hashed features of its words, so
-// that texts meet through common words, stems, and pieces of words (names, numbers, identifiers,
-// typing errors). It is blind to paraphrase without a common word.
-//
-// The same text gives the same bits on every machine and build that has the same tables of Unicode
-// and of English stems:
-//   1. The text is decomposed (NFKD), its combining marks are dropped, the rest is recomposed
-//   (NFC).
-//   2. Words are cut from it and counted, function words weigh little (embedding_words.h).
-//   3. In ascending byte order of the words, each adds its features (embedding_features.h); its
-//   weight is multiplied by that of its stem (stem_weights.h), or by 1.3 for a run of digits.
-//   4. The sum is scaled to length 1.
 class SentenceEmbedding {
  public:
-  // Nothing when the stemmer has no English.
+  // Nothing when the stemmer has no English. Loads no model yet.
   static std::optional<SentenceEmbedding> english();
 
-  // EMBEDDING_DIMENSIONS numbers of length 1, in time linear in the text, which may be any bytes.
-  // Nothing for a text without a letter or digit. One call at a time: it keeps words for the next.
-  std::optional<std::vector<double>> vector(std::string_view text) const;
+  // Loads the installed model for `vector`. In one sentence for the user, why it cannot be used;
+  // nothing when it can, or none is installed.
+  std::optional<std::string> useInstalledModel();
+
+  // What `vector` gives: EMBEDDING_SCHEME, with a model followed by + and its name
+  // (installed_model.h).
+  std::string scheme() const;
+
+  // The vector to be stored for a text, of any bytes: the numbers of its words, then those of the
+  // model in use times 0.6, zeros when it knows no piece of the text. In single precision, rounded
+  // to nearest even. Nothing for a text without a letter or digit.
+  std::optional<std::vector<float>> vector(std::string_view text) const;
+
+  // The vector by which stored ones of `indexScheme` are searched, as long as they are. When that
+  // names a model, it is loaded at the first call. The numbers of another one are zeros, so that
+  // the words alone decide, as they do where there is no scheme or no model in it.
+  std::optional<std::vector<float>> queryVector(
+      std::string_view text, const std::optional<std::string>& indexScheme) const;
 
   SentenceEmbedding(SentenceEmbedding&&) noexcept;
   SentenceEmbedding& operator=(SentenceEmbedding&&) noexcept;
   ~SentenceEmbedding();
 
  private:
-  explicit SentenceEmbedding(std::unique_ptr<WordFeatureCache> features);
+  explicit SentenceEmbedding(WordEmbedding words);
 
-  std::unique_ptr<WordFeatureCache> features_;
+  WordEmbedding words_;
+  std::unique_ptr<ModelInUse> inUse_;
 };
 
 }  // namespace norvast

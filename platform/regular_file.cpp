@@ -9,6 +9,10 @@
 #include <string_view>
 #include <system_error>
 
+#include <cstddef>
+#include <span>
+#include <utility>
+
 namespace norvast {
 namespace {
 
@@ -51,6 +55,22 @@ std::optional<RegularFile> openRegularFile(const std::string& path) {
   Descriptor file(open(link.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!file) return std::nullopt;
   return RegularFile{std::move(file), static_cast<std::uint64_t>(status.st_size)};
+}
+
+std::optional<std::vector<char>> readRegularFile(const std::string& path,
+                                                 std::uint64_t limitBytes) {
+  const auto file = openRegularFile(path);
+  if (!file || file->sizeBytes > limitBytes) return std::nullopt;
+  std::vector<char> bytes(file->sizeBytes);
+  std::size_t length = 0;
+  while (length < bytes.size()) {
+    const auto count = file->descriptor.read(std::span(bytes).subspan(length));
+    if (!count) return std::nullopt;
+    if (*count == 0) break;  // it has shrunk
+    length += *count;
+  }
+  bytes.resize(length);
+  return bytes;
 }
 
 }  // namespace norvast

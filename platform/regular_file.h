@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/descriptor.h"
 
@@ -21,5 +22,8 @@ struct RegularFile {
 // descriptor of a file drops all locks of the process on it (fcntl(2)), and a database that lost
 // its locks without knowing is worked on by others as if nobody used it. Needs /proc.
 std::optional<RegularFile> openRegularFile(const std::string& path);
+
+// All bytes of such a file. Nothing also when there are more than `limitBytes`.
+std::optional<std::vector<char>> readRegularFile(const std::string& path, std::uint64_t limitBytes);
 
 }  // namespace norvast

@@ -8,6 +8,9 @@
 
 namespace norvast {
 
+// Of which scheme the stored vectors are (embedding/sentence_embedding.h).
+inline constexpr const char* EMBEDDING_SCHEME_SETTING = "embedding_scheme";
+
 // The value of that name. Nothing when there is none, or the index holds no settings.
 std::optional<std::string> setting(const Connection& index, const std::string& name);
 

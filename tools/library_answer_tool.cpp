@@ -15,6 +15,7 @@
 #include "ranking/similarity_ranking.h"
 #include "store/library_queries.h"
 #include "store/nominated_files.h"
+#include "store/settings.h"
 #include "store/vector_rows.h"
 #include "text/content_terms.h"
 #include "text/unicode.h"
@@ -111,7 +112,7 @@ Json askNorvastTool(const Arguments& args, const MCPStore& store,
 
   std::vector<Picked> picked = pickByKeywords(store, question, limit);
   if (picked.size() < limit) {
-    if (auto query = embedQuery(sentence, question)) {
+    if (auto query = embedQuery(sentence, question, setting(store.rdb, EMBEDDING_SCHEME_SETTING))) {
       pickByMeaning(store, std::move(*query), limit, picked);
     }
   }

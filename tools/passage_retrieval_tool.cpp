@@ -9,6 +9,7 @@
 #include "access/audit_trail.h"
 #include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
+#include "store/settings.h"
 #include "store/vector_rows.h"
 #include "tools/tool_result.h"
 
@@ -33,7 +34,7 @@ Json retrievePassagesTool(const Arguments& args, const MCPStore& store,
                           const std::optional<SentenceEmbedding>& sentence) {
   const std::string query = args.str("query");
   const std::int64_t limit = std::clamp<std::int64_t>(args.intArg("limit", 8), 1, MOST_PASSAGES);
-  auto vector = embedQuery(sentence, query);
+  auto vector = embedQuery(sentence, query, setting(store.rdb, EMBEDDING_SCHEME_SETTING));
   if (!vector) {
     audit(store, {"retrieve", quoted(query), "embeddings unavailable", Severity::warn});
     return textResult("Passage retrieval unavailable (no embeddings).", IsError::yes);

@@ -10,6 +10,7 @@
 #include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
 #include "store/nominated_files.h"
+#include "store/settings.h"
 #include "store/vector_rows.h"
 #include "tools/tool_result.h"
 
@@ -32,7 +33,7 @@ Json semanticSearchTool(const Arguments& args, const MCPStore& store,
                         const std::optional<SentenceEmbedding>& sentence) {
   const std::string query = args.str("query");
   const std::int64_t limit = args.intArg("limit", 10);
-  auto vector = embedQuery(sentence, query);
+  auto vector = embedQuery(sentence, query, setting(store.rdb, EMBEDDING_SCHEME_SETTING));
   if (!vector) {
     audit(store, {"semantic", quoted(query), "embeddings unavailable", Severity::warn});
     return textResult("Semantic search unavailable (no embeddings).", IsError::yes);

@@ -1,5 +1,5 @@
 // The embedding scheme: its words, its length, its bits, and what must come out nearer than what.
-#include "embedding/sentence_embedding.h"
+#include "embedding/word_embedding.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ namespace {
 using namespace std::string_literals;
 
 std::vector<double> vectorOf(const std::string& text) {
-  return SentenceEmbedding::english()->vector(text).value();
+  return WordEmbedding::open()->vector(text).value();
 }
 
 double similarity(const std::string& left, const std::string& right) {
@@ -87,7 +87,7 @@ TEST(FunctionWords, TellTheLanguageOfAText) {
 
 // The scheme is a promise to vectors that are stored already: when this fails, its name must
 // change.
-TEST(SentenceEmbedding, GivesTheSameBitsEverywhere) {
+TEST(WordEmbedding, GivesTheSameBitsEverywhere) {
   std::uint64_t digest = 0;
   for (const double value :
        vectorOf("The quarterly budget report: parseHTTPRequest2, Zürich's 東京タワー")) {
@@ -97,27 +97,27 @@ TEST(SentenceEmbedding, GivesTheSameBitsEverywhere) {
   EXPECT_EQ(digest, 12300768566972044286U);
 }
 
-TEST(SentenceEmbedding, HasLength1OrIsNothing) {
+TEST(WordEmbedding, HasLength1OrIsNothing) {
   for (const std::string& text : {"x"s, "the"s, std::string(1'000'000, 'z'), "a b c d"s}) {
     const std::vector<double> vector = vectorOf(text);
-    ASSERT_EQ(vector.size(), EMBEDDING_DIMENSIONS);
+    ASSERT_EQ(vector.size(), WORD_EMBEDDING_NUMBERS);
     double squares = 0;
     for (const double value : vector) squares += value * value;
     EXPECT_NEAR(squares, 1, 1e-12);
   }
   for (const char* text : {"", " \n", "?!", "\xFF"}) {
-    EXPECT_FALSE(SentenceEmbedding::english()->vector(text)) << text;
+    EXPECT_FALSE(WordEmbedding::open()->vector(text)) << text;
   }
 }
 
 // In quadratic time this would take minutes, and the test be ended.
-TEST(SentenceEmbedding, TakesAMillionMarksBehindOneLetter) {
+TEST(WordEmbedding, TakesAMillionMarksBehindOneLetter) {
   std::string text = "budget";
   for (int count = 0; count < 500'000; ++count) text += "\u0301\u0323";
   EXPECT_EQ(vectorOf(text), vectorOf("budget"));
 }
 
-TEST(SentenceEmbedding, PutsLikeTextsNearer) {
+TEST(WordEmbedding, PutsLikeTextsNearer) {
   const struct {
     const char* query;
     const char* near;

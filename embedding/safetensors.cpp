@@ -1,0 +1,138 @@
+#include "embedding/safetensors.h"
+
+#include <algorithm>
+#include <bit>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+#include "json/json.h"
+#include "json/json_parser.h"
+#include "text/utf8.h"
+
+namespace norvast {
+namespace {
+
+constexpr std::size_t LENGTH_BYTES = 8;
+constexpr std::size_t LONGEST_HEADER_BYTES = std::size_t{1} << 20;
+constexpr const char* DAMAGED = "Its model.safetensors is damaged or of another format.";
+
+struct TypeName {
+  std::string_view name;
+  NumberType type;
+  std::size_t bytes;
+};
+
+constexpr TypeName TYPES[] = {{"F64", NumberType::f64, 8},
+                              {"F32", NumberType::f32, 4},
+                              {"F16", NumberType::f16, 2},
+                              {"I32", NumberType::i32, 4},
+                              {"I8", NumberType::i8, 1}};
+
+const TypeName* typeNamed(std::string_view name) {
+  const auto* found = std::find_if(std::begin(TYPES), std::end(TYPES),
+                                   [name](const TypeName& type) { return type.name == name; });
+  return found == std::end(TYPES) ? nullptr : found;
+}
+
+template <typename Number>
+Number littleEndianAt(std::string_view bytes, std::size_t at) {
+  Number number = 0;
+  for (std::size_t byte = sizeof(Number); byte > 0; --byte) {
+    number = static_cast<Number>((std::uint64_t{number} << 8) |
+                                 static_cast<unsigned char>(bytes[at + byte - 1]));
+  }
+  return number;
+}
+
+// IEEE 754 binary16 has a sign, 5 bits of exponent and 10 of fraction; binary32 8 and 23.
+float half(std::uint16_t bits) {
+  const std::uint32_t sign = std::uint32_t{bits} >> 15 << 31;
+  const std::uint32_t exponent = (std::uint32_t{bits} >> 10) & 0x1F;
+  const std::uint32_t fraction = std::uint32_t{bits} & 0x3FF;
+  if (exponent == 0) {  // as many steps of 2^-24
+    const float small = static_cast<float>(fraction) * 0x1p-24F;
+    return sign != 0 ? -small : small;
+  }
+  const std::uint32_t rebiased = exponent == 0x1F ? 0xFF : exponent + 127 - 15;
+  return std::bit_cast<float>(sign | rebiased << 23 | fraction << 13);
+}
+
+std::optional<std::vector<std::size_t>> sizes(const Json* list) {
+  if (list == nullptr || list->array() == nullptr) return std::nullopt;
+  std::vector<std::size_t> sizes;
+  for (const Json& item : *list->array()) {
+    const auto size = item.wholeNumber();
+    if (!size || *size < 0) return std::nullopt;
+    sizes.push_back(static_cast<std::size_t>(*size));
+  }
+  return sizes;
+}
+
+// What a tensor of that shape takes, or nothing when that is more than `limit`.
+std::optional<std::size_t> bytesOfShape(const std::vector<std::size_t>& shape, std::size_t bytes,
+                                        std::size_t limit) {
+  for (const std::size_t size : shape) {
+    if (size != 0 && bytes > limit / size) return std::nullopt;
+    bytes *= size;
+  }
+  return bytes <= limit ? std::optional(bytes) : std::nullopt;
+}
+
+// The tensor that a member of the header describes; nothing when it is not within the data.
+std::optional<Tensor> tensorOf(const Json::Object& description, const TypeName& type,
+                               std::string_view data) {
+  auto shape = sizes(member(description, "shape"));
+  const auto offsets = sizes(member(description, "data_offsets"));
+  if (!shape || !offsets || offsets->size() != 2) return std::nullopt;
+  const std::size_t begin = offsets->front();
+  const std::size_t end = offsets->back();
+  if (begin > end || end > data.size()) return std::nullopt;
+  if (bytesOfShape(*shape, type.bytes, data.size()) != end - begin) return std::nullopt;
+  return Tensor{type.type, std::move(*shape), data.substr(begin, end - begin)};
+}
+
+}  // namespace
+
+std::variant<Tensors, std::string> readSafetensors(std::string_view file) {
+  if (file.size() < LENGTH_BYTES) return DAMAGED;
+  const auto length = littleEndianAt<std::uint64_t>(file, 0);
+  file.remove_prefix(LENGTH_BYTES);
+  if (length > file.size() || length > LONGEST_HEADER_BYTES) return DAMAGED;
+
+  const std::string_view text = file.substr(0, length);
+  const auto header = validUtf8Length(text) == text.size() ? parseJson(text) : std::nullopt;
+  if (!header || header->object() == nullptr) return DAMAGED;
+  Tensors tensors;
+  for (const auto& [name, description] : *header->object()) {
+    if (name == "__metadata__") continue;
+    const Json::Object* object = description.object();
+    const Json* type = object == nullptr ? nullptr : member(*object, "dtype");
+    if (type == nullptr || type->string() == nullptr) return DAMAGED;
+    const TypeName* known = typeNamed(*type->string());
+    if (known == nullptr) continue;
+    auto tensor = tensorOf(*object, *known, file.substr(length));
+    if (!tensor) return DAMAGED;
+    tensors.emplace(name, std::move(*tensor));
+  }
+  return tensors;
+}
+
+double numberAt(const Tensor& tensor, std::size_t index) {
+  const std::string_view bytes = tensor.bytes;
+  switch (tensor.type) {
+    case NumberType::f64:
+      return std::bit_cast<double>(littleEndianAt<std::uint64_t>(bytes, index * 8));
+    case NumberType::f32:
+      return std::bit_cast<float>(littleEndianAt<std::uint32_t>(bytes, index * 4));
+    case NumberType::f16:
+      return half(littleEndianAt<std::uint16_t>(bytes, index * 2));
+    case NumberType::i32:
+      return std::bit_cast<std::int32_t>(littleEndianAt<std::uint32_t>(bytes, index * 4));
+    case NumberType::i8:
+      break;
+  }
+  return static_cast<signed char>(bytes[index]);
+}
+
+}  // namespace norvast
