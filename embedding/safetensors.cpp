@@ -6,8 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "json/json.h"
-#include "json/json_parser.h"
+#include "json/json_text.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -58,11 +57,12 @@ float half(std::uint16_t bits) {
   return std::bit_cast<float>(sign | rebiased << 23 | fraction << 13);
 }
 
-std::optional<std::vector<std::size_t>> sizes(const Json* list) {
-  if (list == nullptr || list->array() == nullptr) return std::nullopt;
+// The numbers in a list, or nothing when one is none that counts.
+std::optional<std::vector<std::size_t>> sizes(const std::optional<JsonText>& list) {
+  if (!list) return std::nullopt;
   std::vector<std::size_t> sizes;
-  for (const Json& item : *list->array()) {
-    const auto size = item.wholeNumber();
+  for (const JsonText& element : list->elements()) {
+    const auto size = element.wholeNumber();
     if (!size || *size < 0) return std::nullopt;
     sizes.push_back(static_cast<std::size_t>(*size));
   }
@@ -80,10 +80,10 @@ std::optional<std::size_t> bytesOfShape(const std::vector<std::size_t>& shape, s
 }
 
 // The tensor that a member of the header describes; nothing when it is not within the data.
-std::optional<Tensor> tensorOf(const Json::Object& description, const TypeName& type,
+std::optional<Tensor> tensorOf(const JsonText& description, const TypeName& type,
                                std::string_view data) {
-  auto shape = sizes(member(description, "shape"));
-  const auto offsets = sizes(member(description, "data_offsets"));
+  auto shape = sizes(description.member("shape"));
+  const auto offsets = sizes(description.member("data_offsets"));
   if (!shape || !offsets || offsets->size() != 2) return std::nullopt;
   const std::size_t begin = offsets->front();
   const std::size_t end = offsets->back();
@@ -101,20 +101,20 @@ std::variant<Tensors, std::string> readSafetensors(std::string_view file) {
   if (length > file.size() || length > LONGEST_HEADER_BYTES) return DAMAGED;
 
   const std::string_view text = file.substr(0, length);
-  const auto header = validUtf8Length(text) == text.size() ? parseJson(text) : std::nullopt;
-  if (!header || header->object() == nullptr) return DAMAGED;
+  const auto header = validUtf8Length(text) == length ? JsonText::parse(text) : std::nullopt;
+  if (!header || !header->isObject()) return DAMAGED;
   Tensors tensors;
-  for (const auto& [name, description] : *header->object()) {
-    if (name == "__metadata__") continue;
-    const Json::Object* object = description.object();
-    const Json* type = object == nullptr ? nullptr : member(*object, "dtype");
-    if (type == nullptr || type->string() == nullptr) return DAMAGED;
-    const TypeName* known = typeNamed(*type->string());
-    if (known == nullptr) continue;
-    auto tensor = tensorOf(*object, *known, file.substr(length));
-    if (!tensor) return DAMAGED;
-    tensors.emplace(name, std::move(*tensor));
-  }
+  bool isSound = true;
+  header->forEachMember([&](std::string name, const JsonText& description) {
+    if (name == "__metadata__") return;
+    const auto type = description.member("dtype");
+    const TypeName* known = type ? typeNamed(type->string().value_or("")) : nullptr;
+    if (known == nullptr) return;
+    auto tensor = tensorOf(description, *known, file.substr(length));
+    isSound = isSound && tensor;
+    if (tensor) tensors.insert_or_assign(std::move(name), std::move(*tensor));
+  });
+  if (!isSound) return DAMAGED;
   return tensors;
 }
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
-#include "json/json.h"
-#include "json/json_parser.h"
+#include "json/json_text.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -13,26 +13,24 @@ namespace {
 constexpr std::int64_t MOST_CHARACTERS_OF_A_WORD = 1000;
 
 // The "type" of a declaration; "null" for one that declares nothing.
-std::string typeOf(const Json* declaration) {
-  const Json::Object* object = declaration == nullptr ? nullptr : declaration->object();
-  const Json* type = object == nullptr ? nullptr : member(*object, "type");
-  return type != nullptr && type->string() != nullptr ? *type->string() : "null";
+std::string typeOf(const std::optional<JsonText>& declaration) {
+  const auto type = declaration ? declaration->member("type") : std::nullopt;
+  return type ? type->string().value_or("null") : "null";
 }
 
-bool flag(const Json::Object& object, std::string_view key, bool otherwise) {
-  const Json* value = member(object, key);
-  return value != nullptr && value->boolean() != nullptr ? *value->boolean() : otherwise;
+bool flag(const JsonText& object, std::string_view key, bool otherwise) {
+  const auto value = object.member(key);
+  return value ? value->boolean().value_or(otherwise) : otherwise;
 }
 
 // Accents are stripped where nothing is said and letters are made small.
-BertNormalization normalizationOf(const Json* normalizer) {
-  const Json::Object* object = normalizer == nullptr ? nullptr : normalizer->object();
-  if (object == nullptr) return {false, false, false, false};
+BertNormalization normalizationOf(const std::optional<JsonText>& normalizer) {
+  if (!normalizer || !normalizer->isObject()) return {false, false, false, false};
   BertNormalization normalization;
-  normalization.cleanText = flag(*object, "clean_text", true);
-  normalization.handleChineseChars = flag(*object, "handle_chinese_chars", true);
-  normalization.lowercase = flag(*object, "lowercase", true);
-  normalization.stripAccents = flag(*object, "strip_accents", normalization.lowercase);
+  normalization.cleanText = flag(*normalizer, "clean_text", true);
+  normalization.handleChineseChars = flag(*normalizer, "handle_chinese_chars", true);
+  normalization.lowercase = flag(*normalizer, "lowercase", true);
+  normalization.stripAccents = flag(*normalizer, "strip_accents", normalization.lowercase);
   return normalization;
 }
 
@@ -50,52 +48,53 @@ std::size_t characters(std::string_view utf8) {
 }  // namespace
 
 std::variant<WordPieceTokenizer, std::string> WordPieceTokenizer::fromJson(std::string_view json) {
-  const auto root = validUtf8Length(json) == json.size() ? parseJson(json) : std::nullopt;
-  const Json::Object* object = root ? root->object() : nullptr;
-  if (object == nullptr) return "Its tokenizer.json is no JSON object.";
+  const auto root = validUtf8Length(json) == json.size() ? JsonText::parse(json) : std::nullopt;
+  if (!root || !root->isObject()) return "Its tokenizer.json is no JSON object.";
 
-  const Json* normalizer = member(*object, "normalizer");
+  const auto normalizer = root->member("normalizer");
   const std::string normalizerType = typeOf(normalizer);
   if (normalizerType != "null" && normalizerType != "BertNormalizer") {
     return unlike("normalizer", normalizerType, "BertNormalizer");
   }
-  const std::string cutterType = typeOf(member(*object, "pre_tokenizer"));
+  const std::string cutterType = typeOf(root->member("pre_tokenizer"));
   if (cutterType != "BertPreTokenizer") {
     return unlike("pre-tokenizer", cutterType, "BertPreTokenizer");
   }
-  const Json* model = member(*object, "model");
+  const auto model = root->member("model");
   const std::string modelType = typeOf(model);
   if (modelType != "WordPiece") return unlike("model", modelType, "WordPiece");
 
-  const Json* vocabulary = member(*model->object(), "vocab");
-  const Json::Object* pieces = vocabulary == nullptr ? nullptr : vocabulary->object();
-  if (pieces == nullptr || pieces->empty() || pieces->size() > MOST_PIECES) {
-    return "Its tokenizer.json must hold 1 to " + std::to_string(MOST_PIECES) + " pieces.";
-  }
-
   WordPieceTokenizer tokenizer;
   tokenizer.normalization_ = normalizationOf(normalizer);
-  if (const Json* prefix = member(*model->object(), "continuing_subword_prefix");
-      prefix != nullptr && prefix->string() != nullptr) {
-    tokenizer.continuation_ = *prefix->string();
+  if (const auto prefix = model->member("continuing_subword_prefix")) {
+    tokenizer.continuation_ = prefix->string().value_or(tokenizer.continuation_);
   }
-  if (const Json* most = member(*model->object(), "max_input_chars_per_word"); most != nullptr) {
+  if (const auto most = model->member("max_input_chars_per_word")) {
     tokenizer.mostCharacters_ = static_cast<std::size_t>(
         std::clamp<std::int64_t>(most->wholeNumber().value_or(0), 1, MOST_CHARACTERS_OF_A_WORD));
   }
-  std::vector<bool> isTaken(pieces->size());
-  tokenizer.ids_.reserve(pieces->size());
-  for (const auto& [piece, number] : *pieces) {
-    const std::int64_t id = number.wholeNumber().value_or(-1);
-    if (id < 0 || id >= static_cast<std::int64_t>(isTaken.size()) ||
-        isTaken[static_cast<std::size_t>(id)]) {
-      return "The pieces in its tokenizer.json are not numbered one by one from 0.";
-    }
-    isTaken[static_cast<std::size_t>(id)] = true;
-    tokenizer.longestBytes_ = std::max(tokenizer.longestBytes_, piece.size());
-    tokenizer.ids_.emplace(piece, static_cast<std::uint32_t>(id));
+  const auto pieces = model->member("vocab");
+  if (!pieces || !tokenizer.takePieces(*pieces)) {
+    return "Its tokenizer.json must hold 1 to " + std::to_string(MOST_PIECES) +
+           " pieces, numbered one by one from 0.";
   }
   return tokenizer;
+}
+
+bool WordPieceTokenizer::takePieces(const JsonText& pieces) {
+  std::vector<bool> isTaken(MOST_PIECES);
+  std::size_t last = 0;
+  bool isSound = true;
+  pieces.forEachMember([&](std::string piece, const JsonText& number) {
+    const auto id = static_cast<std::size_t>(number.wholeNumber().value_or(-1));
+    isSound = isSound && id < MOST_PIECES && !isTaken[id];
+    if (!isSound) return;
+    isTaken[id] = true;
+    last = std::max(last, id);
+    longestBytes_ = std::max(longestBytes_, piece.size());
+    isSound = ids_.emplace(std::move(piece), static_cast<std::uint32_t>(id)).second;
+  });
+  return isSound && !ids_.empty() && last + 1 == ids_.size();
 }
 
 std::vector<std::uint32_t> WordPieceTokenizer::tokenize(std::string_view text,

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "json/json_text.h"
 #include "text/bert_words.h"
 
 namespace norvast {
@@ -42,6 +43,7 @@ class WordPieceTokenizer {
   };
 
   WordPieceTokenizer() = default;
+  bool takePieces(const JsonText& pieces);
   bool appendPieces(const std::string& word, std::vector<std::uint32_t>& ids) const;
 
   BertNormalization normalization_;

@@ -166,6 +166,17 @@ std::optional<JsonText> JsonText::member(std::string_view key) const {
   return found;
 }
 
+void JsonText::forEachMember(const std::function<void(std::string, JsonText)>& visit) const {
+  JsonCursor cursor(text_);
+  if (!cursor.take('{')) return;
+  while (!cursor.take('}')) {
+    std::string key = decode(cursor.takeString());
+    (void)cursor.take(':');
+    visit(std::move(key), JsonText(cursor.takeValue()));
+    (void)cursor.take(',');
+  }
+}
+
 std::vector<JsonText> JsonText::elements() const {
   std::vector<JsonText> elements;
   JsonCursor cursor(text_);

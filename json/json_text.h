@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,10 @@ class JsonText {
   // The value under that key, the last one where there are several. Nothing when there is none, or
   // when this is no object.
   std::optional<JsonText> member(std::string_view key) const;
+
+  // Calls `visit` with each key and value of an object, in the order of the text, a repeated key as
+  // often as it is there.
+  void forEachMember(const std::function<void(std::string, JsonText)>& visit) const;
 
   // The elements, or none when this is no array.
   std::vector<JsonText> elements() const;
