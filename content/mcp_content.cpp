@@ -17,17 +17,6 @@ std::optional<std::string> withoutReason(std::variant<std::string, ReadFailure> 
   return std::move(std::get<std::string>(read));
 }
 
-std::optional<std::string> pdf(const std::string& path, std::size_t limitClusters,
-                               Deadline deadline) {
-  const auto file = openRegularFile(path);
-  return file ? withoutReason(isolatedPdfText(*file, limitClusters, deadline)) : std::nullopt;
-}
-
-std::optional<std::string> utf8(const std::string& path, std::size_t limitBytes) {
-  const auto file = openRegularFile(path);
-  return file ? leadingUtf8(*file, limitBytes) : std::nullopt;
-}
-
 std::optional<ExtractedText> labelled(std::optional<std::string> text, std::string_view method) {
   if (!text) return std::nullopt;
   return ExtractedText{std::move(*text), method};
@@ -38,19 +27,16 @@ std::optional<ExtractedText> labelled(std::optional<std::string> text, std::stri
 std::optional<ExtractedText> MCPContent::extract(const std::string& path, std::int64_t maxChars,
                                                  Deadline deadline) {
   if (maxChars < 1) return std::nullopt;
+  const auto file = openRegularFile(path);
+  if (!file) return std::nullopt;
   const auto limit = static_cast<std::size_t>(maxChars);
   const std::string extension = pathExtension(path);
-  if (extension == "pdf") return labelled(pdf(path, limit, deadline), "PDFKit");
+  if (extension == "pdf")
+    return labelled(withoutReason(isolatedPdfText(*file, limit, deadline)), "PDFKit");
   if (std::find(imageExts.begin(), imageExts.end(), extension) != imageExts.end()) {
-    return labelled(ocr(path, limit, deadline), "Vision OCR");
+    return labelled(withoutReason(isolatedImageText(*file, limit, deadline)), "Vision OCR");
   }
-  return labelled(utf8(path, limit), "text");
-}
-
-std::optional<std::string> MCPContent::ocr(const std::string& path, std::size_t limitClusters,
-                                           Deadline deadline) {
-  const auto file = openRegularFile(path);
-  return file ? withoutReason(isolatedImageText(*file, limitClusters, deadline)) : std::nullopt;
+  return labelled(leadingUtf8(*file, limit), "text");
 }
 
 }  // namespace norvast

@@ -31,12 +31,6 @@ class MCPContent {
   // for PDFs and images also when it has not come by the deadline.
   static std::optional<ExtractedText> extract(const std::string& path, std::int64_t maxChars,
                                               Deadline deadline = readingDeadline());
-
- private:
-  // The recognised lines of the image file's first picture in the recogniser's order, joined by
-  // single blanks.
-  static std::optional<std::string> ocr(const std::string& path, std::size_t limitClusters,
-                                        Deadline deadline);
 };
 
 }  // namespace norvast

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "embedding/sentence_embedding.h"
-#include "server/catalogue.h"
 #include "store/mcp_store.h"
+#include "tools/catalogue.h"
 
 namespace norvast {
 

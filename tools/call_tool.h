@@ -1,4 +1,4 @@
-// Tool calls: the checks that come before every tool, and the table of tools.
+// Tool calls: the checks that come before every tool.
 #pragma once
 
 #include <optional>

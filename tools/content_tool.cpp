@@ -27,27 +27,27 @@ std::string successResult(const ExtractedText& content) {
 
 }  // namespace
 
-Json readFileContentTool(const Arguments& args, const MCPStore& store) {
+Json readFileContentTool(const Arguments& args, const ToolContext& context) {
   const Deadline deadline = readingDeadline();  // the gates' waits for a busy index count too
   const std::string path = args.str("path");
   if (isSensitive(path)) {
-    audit(store, {"read", path, "denied · sensitive path", Severity::deny});
-    return textResult("Denied: sensitive path.", IsError::yes);
+    return refuse(context.store, {"read", path, "denied · sensitive path", Severity::deny},
+                  "Denied: sensitive path.");
   }
-  if (!isNominated(store, path)) {
-    audit(store, {"read", path, "denied · not allowlisted", Severity::warn});
-    return textResult("Denied: not nominated.", IsError::yes);
+  if (!isNominated(context.store, path)) {
+    return refuse(context.store, {"read", path, "denied · not allowlisted", Severity::warn},
+                  "Denied: not nominated.");
   }
-  if (!isContentAllowed(store, path)) {
-    audit(store, {"read", path, "denied · content reads off", Severity::warn});
-    return textResult("Denied: content reads are off for this file (metadata only).", IsError::yes);
+  if (!isContentAllowed(context.store, path)) {
+    return refuse(context.store, {"read", path, "denied · content reads off", Severity::warn},
+                  "Denied: content reads are off for this file (metadata only).");
   }
   auto content = MCPContent::extract(path, MOST_CHARACTERS, deadline);
   if (!content) {
-    audit(store, {"read", path, "no extractor", Severity::warn});
-    return textResult("No on-device text could be extracted from this file type.", IsError::yes);
+    return refuse(context.store, {"read", path, "no extractor", Severity::warn},
+                  "No on-device text could be extracted from this file type.");
   }
-  audit(store, {"read", path, successResult(*content), Severity::ok});
+  audit(context.store, {"read", path, successResult(*content), Severity::ok});
   return textResult(std::move(content->text), IsError::no);
 }
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "json/json.h"
-#include "store/mcp_store.h"
 #include "tools/arguments.h"
+#include "tools/tool_context.h"
 
 namespace norvast {
 
@@ -12,6 +12,6 @@ namespace norvast {
 // user-perceived characters for a PDF or an image, bytes for any other. Refused for a sensitive
 // path before the index is asked, for one that is not nominated or not with its content, and when
 // no text comes out of the file, for whatever reason.
-Json readFileContentTool(const Arguments& args, const MCPStore& store);
+Json readFileContentTool(const Arguments& args, const ToolContext& context);
 
 }  // namespace norvast

@@ -100,8 +100,7 @@ Json passageOf(const MCPStore& store, const Picked& pick) {
 
 }  // namespace
 
-Json askNorvastTool(const Arguments& args, const MCPStore& store,
-                    const std::optional<SentenceEmbedding>& sentence) {
+Json askNorvastTool(const Arguments& args, const ToolContext& context) {
   if (!isLibraryOn()) {
     return textResult("Whole-library access is off. Enable it in the Norvast app (Settings).",
                       IsError::yes);
@@ -110,10 +109,11 @@ Json askNorvastTool(const Arguments& args, const MCPStore& store,
   const auto limit =
       static_cast<std::size_t>(std::clamp<std::int64_t>(args.intArg("limit", 8), 1, MOST_PASSAGES));
 
-  std::vector<Picked> picked = pickByKeywords(store, question, limit);
+  std::vector<Picked> picked = pickByKeywords(context.store, question, limit);
   if (picked.size() < limit) {
-    if (auto query = embedQuery(sentence, question, setting(store.rdb, EMBEDDING_SCHEME_SETTING))) {
-      pickByMeaning(store, std::move(*query), limit, picked);
+    if (auto query = embedQuery(context.sentence, question,
+                                setting(context.store.rdb, EMBEDDING_SCHEME_SETTING))) {
+      pickByMeaning(context.store, std::move(*query), limit, picked);
     }
   }
   if (picked.empty()) {
@@ -124,10 +124,11 @@ Json askNorvastTool(const Arguments& args, const MCPStore& store,
   }
 
   Json::Array passages;
-  for (const Picked& pick : picked) passages.emplace_back(passageOf(store, pick));
-  audit(store, {"ask-norvast",
-                quoted(question) + AUDIT_SEPARATOR + std::to_string(picked.size()) + " passages",
-                "ok · summaries only", Severity::ok});
+  for (const Picked& pick : picked) passages.emplace_back(passageOf(context.store, pick));
+  audit(context.store,
+        {"ask-norvast",
+         quoted(question) + AUDIT_SEPARATOR + std::to_string(picked.size()) + " passages",
+         "ok · summaries only", Severity::ok});
   return textResult(
       jsonText(Json::Object{
           {"question", question},

@@ -1,12 +1,9 @@
 // Library answer tool: what of the whole library may answer a question, while the user allows it.
 #pragma once
 
-#include <optional>
-
-#include "embedding/sentence_embedding.h"
 #include "json/json.h"
-#include "store/mcp_store.h"
 #include "tools/arguments.h"
+#include "tools/tool_context.h"
 
 namespace norvast {
 
@@ -14,7 +11,6 @@ namespace norvast {
 // the question find by name, tag or summary first, those nearest to it in meaning in the places
 // that are left. Never content. Refused without an audit row while whole-library access is off, and
 // when nothing is found.
-Json askNorvastTool(const Arguments& args, const MCPStore& store,
-                    const std::optional<SentenceEmbedding>& sentence);
+Json askNorvastTool(const Arguments& args, const ToolContext& context);
 
 }  // namespace norvast

@@ -11,7 +11,7 @@
 
 namespace norvast {
 
-Json searchLibraryTool(const Arguments& args, const MCPStore& store) {
+Json searchLibraryTool(const Arguments& args, const ToolContext& context) {
   if (!isLibraryOn()) {
     return textResult(
         "Whole-library access is off. Enable it in the Norvast app (Settings) to discover across "
@@ -20,11 +20,12 @@ Json searchLibraryTool(const Arguments& args, const MCPStore& store) {
   }
   const std::string query = args.str("query");
   const std::int64_t limit = args.intArg("limit", 30);
-  Json::Array results = searchLibrary(store, query, limit);
+  Json::Array results = searchLibrary(context.store, query, limit);
 
   const std::size_t count = results.size();
-  audit(store, {"library-search", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " hits",
-                "ok · metadata only", Severity::ok});
+  audit(context.store,
+        {"library-search", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " hits",
+         "ok · metadata only", Severity::ok});
   return textResult(jsonText(Json::Object{{"scope", "whole library (metadata only)"},
                                           {"count", count},
                                           {"results", std::move(results)}}),

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "json/json.h"
-#include "store/mcp_store.h"
 #include "tools/arguments.h"
+#include "tools/tool_context.h"
 
 namespace norvast {
 
 // "query", "limit" (30): metadata and summaries, never content. Refused without an audit row while
 // whole-library access is off.
-Json searchLibraryTool(const Arguments& args, const MCPStore& store);
+Json searchLibraryTool(const Arguments& args, const ToolContext& context);
 
 }  // namespace norvast

@@ -3,21 +3,21 @@
 #pragma once
 
 #include "json/json.h"
-#include "store/mcp_store.h"
 #include "tools/arguments.h"
+#include "tools/tool_context.h"
 
 namespace norvast {
 
 // "offset" (0), "limit" (200): a page of all nominated files by path.
-Json listFilesTool(const Arguments& args, const MCPStore& store);
+Json listFilesTool(const Arguments& args, const ToolContext& context);
 
 // "query", "limit" (50): nominated files whose name contains the query, newest first.
-Json searchFilesTool(const Arguments& args, const MCPStore& store);
+Json searchFilesTool(const Arguments& args, const ToolContext& context);
 
 // "path": at most 200 nominated files below that folder.
-Json traversePackageTool(const Arguments& args, const MCPStore& store);
+Json traversePackageTool(const Arguments& args, const ToolContext& context);
 
 // The most frequent entity tags of the nominated files.
-Json listTagsTool(const Arguments& args, const MCPStore& store);
+Json listTagsTool(const Arguments& args, const ToolContext& context);
 
 }  // namespace norvast

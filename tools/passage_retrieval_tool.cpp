@@ -30,26 +30,28 @@ std::vector<Ranking::Ranked> bestPassages(const MCPStore& store, std::vector<flo
 
 }  // namespace
 
-Json retrievePassagesTool(const Arguments& args, const MCPStore& store,
-                          const std::optional<SentenceEmbedding>& sentence) {
+Json retrievePassagesTool(const Arguments& args, const ToolContext& context) {
   const std::string query = args.str("query");
   const std::int64_t limit = std::clamp<std::int64_t>(args.intArg("limit", 8), 1, MOST_PASSAGES);
-  auto vector = embedQuery(sentence, query, setting(store.rdb, EMBEDDING_SCHEME_SETTING));
+  auto vector =
+      embedQuery(context.sentence, query, setting(context.store.rdb, EMBEDDING_SCHEME_SETTING));
   if (!vector) {
-    audit(store, {"retrieve", quoted(query), "embeddings unavailable", Severity::warn});
-    return textResult("Passage retrieval unavailable (no embeddings).", IsError::yes);
+    return refuse(context.store,
+                  {"retrieve", quoted(query), "embeddings unavailable", Severity::warn},
+                  "Passage retrieval unavailable (no embeddings).");
   }
 
   Json::Array passages;
-  for (auto& [rank, row] : bestPassages(store, std::move(*vector), limit)) {
+  for (auto& [rank, row] : bestPassages(context.store, std::move(*vector), limit)) {
     passages.emplace_back(Json::Object{{"path", std::move(row.path)},
                                        {"passage", row.ord},
                                        {"similarity", double{rank.similarity}},
                                        {"text", std::move(row.text)}});
   }
   const std::size_t count = passages.size();
-  audit(store, {"retrieve", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " passages",
-                "ok", Severity::ok});
+  audit(context.store,
+        {"retrieve", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " passages", "ok",
+         Severity::ok});
   const char* note =
       count > 0
           ? "Cite each passage by its path. Excerpts are from nominated files you may read in "

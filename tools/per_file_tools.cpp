@@ -10,29 +10,29 @@
 
 namespace norvast {
 
-Json getMetadataTool(const Arguments& args, const MCPStore& store) {
+Json getMetadataTool(const Arguments& args, const ToolContext& context) {
   const std::string path = args.str("path");
   if (isSensitive(path)) {
-    audit(store, {"metadata", path, "denied · sensitive path", Severity::deny});
-    return textResult("Denied: sensitive path.", IsError::yes);
+    return refuse(context.store, {"metadata", path, "denied · sensitive path", Severity::deny},
+                  "Denied: sensitive path.");
   }
-  auto record = metadata(store, path);
+  auto record = metadata(context.store, path);
   if (!record) {
-    audit(store, {"metadata", path, "denied · not allowlisted", Severity::warn});
-    return textResult("Not found or not nominated.", IsError::yes);
+    return refuse(context.store, {"metadata", path, "denied · not allowlisted", Severity::warn},
+                  "Not found or not nominated.");
   }
-  audit(store, {"metadata", path, "ok", Severity::ok});
+  audit(context.store, {"metadata", path, "ok", Severity::ok});
   return textResult(jsonText(std::move(*record)), IsError::no);
 }
 
-Json getSummaryTool(const Arguments& args, const MCPStore& store) {
+Json getSummaryTool(const Arguments& args, const ToolContext& context) {
   const std::string path = args.str("path");
-  auto text = summary(store, path);
+  auto text = summary(context.store, path);
   if (!text) {
-    audit(store, {"summary", path, "denied · not allowlisted", Severity::warn});
-    return textResult("No summary, or not nominated.", IsError::yes);
+    return refuse(context.store, {"summary", path, "denied · not allowlisted", Severity::warn},
+                  "No summary, or not nominated.");
   }
-  audit(store, {"summary", path, "ok", Severity::ok});
+  audit(context.store, {"summary", path, "ok", Severity::ok});
   return textResult(std::move(*text), IsError::no);
 }
 

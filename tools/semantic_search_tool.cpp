@@ -29,25 +29,27 @@ std::vector<Ranking::Ranked> bestFiles(const MCPStore& store, std::vector<float>
 
 }  // namespace
 
-Json semanticSearchTool(const Arguments& args, const MCPStore& store,
-                        const std::optional<SentenceEmbedding>& sentence) {
+Json semanticSearchTool(const Arguments& args, const ToolContext& context) {
   const std::string query = args.str("query");
   const std::int64_t limit = args.intArg("limit", 10);
-  auto vector = embedQuery(sentence, query, setting(store.rdb, EMBEDDING_SCHEME_SETTING));
+  auto vector =
+      embedQuery(context.sentence, query, setting(context.store.rdb, EMBEDDING_SCHEME_SETTING));
   if (!vector) {
-    audit(store, {"semantic", quoted(query), "embeddings unavailable", Severity::warn});
-    return textResult("Semantic search unavailable (no embeddings).", IsError::yes);
+    return refuse(context.store,
+                  {"semantic", quoted(query), "embeddings unavailable", Severity::warn},
+                  "Semantic search unavailable (no embeddings).");
   }
 
   Json::Array results;
-  for (auto& [rank, row] : bestFiles(store, std::move(*vector), limit)) {
+  for (auto& [rank, row] : bestFiles(context.store, std::move(*vector), limit)) {
     results.emplace_back(Json::Object{{"path", row.path},
                                       {"similarity", double{rank.similarity}},
-                                      {"summary", summary(store, row.path).value_or("")}});
+                                      {"summary", summary(context.store, row.path).value_or("")}});
   }
   const std::size_t count = results.size();
-  audit(store, {"semantic", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " hits", "ok",
-                Severity::ok});
+  audit(context.store,
+        {"semantic", quoted(query) + AUDIT_SEPARATOR + std::to_string(count) + " hits", "ok",
+         Severity::ok});
   return textResult(jsonText(Json::Object{{"count", count}, {"results", std::move(results)}}),
                     IsError::no);
 }

@@ -13,6 +13,11 @@ Json textResult(std::string text, IsError isError) {
   };
 }
 
+Json refuse(const MCPStore& store, const AuditEvent& event, std::string sentence) {
+  audit(store, event);
+  return textResult(std::move(sentence), IsError::yes);
+}
+
 std::string jsonText(const Json& value) {
   return writeJson(value, JsonStyle::pretty).value_or("null");
 }

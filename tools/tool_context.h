@@ -1,0 +1,17 @@
+// Tool context: what a tool works with besides its arguments.
+#pragma once
+
+#include <optional>
+
+#include "embedding/sentence_embedding.h"
+#include "store/mcp_store.h"
+
+namespace norvast {
+
+// For one call; both outlive it.
+struct ToolContext {
+  const MCPStore& store;
+  const std::optional<SentenceEmbedding>& sentence;  // nothing: no query has a vector
+};
+
+}  // namespace norvast
