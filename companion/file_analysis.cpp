@@ -8,6 +8,7 @@
 #include "analysis/passages.h"
 #include "analysis/summary.h"
 #include "embedding/query_embedding.h"
+#include "text/ascii.h"
 #include "text/file_name.h"
 #include "text/unicode.h"
 
@@ -20,15 +21,6 @@ constexpr std::size_t LEADING_CHARACTERS = 2000;
 std::vector<float> vectorOf(const std::optional<SentenceEmbedding>& sentence,
                             std::string_view text) {
   return embedQuery(sentence, text).value_or(std::vector<float>());
-}
-
-std::string lines(const std::vector<std::string>& texts) {
-  std::string joined;
-  for (const std::string& text : texts) {
-    if (!joined.empty()) joined += '\n';
-    joined += text;
-  }
-  return joined;
 }
 
 }  // namespace
@@ -45,7 +37,7 @@ FileAnalysis analyseFile(const std::string& path,
     const std::string text = plainText(document);
     analysis.method = document.method;
     analysis.summary = summarize(text);
-    analysis.entities = lines(findEntities(text));
+    analysis.entities = joined(findEntities(text), "\n");
     for (std::string& passage : cutPassages(text)) {
       std::vector<float> vec = vectorOf(sentence, passage);
       if (!vec.empty()) analysis.passages.push_back({std::move(passage), std::move(vec)});

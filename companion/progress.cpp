@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
 #include "companion/terminal.h"
 
@@ -15,14 +16,15 @@ std::string twoDigits(std::uint64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-}  // namespace
-
+// "3:07" or "1:02:45" for a number of seconds.
 std::string durationText(std::uint64_t seconds) {
   const std::string end = ":" + twoDigits(seconds % 60);
   const std::uint64_t minutes = seconds / 60;
   if (minutes < 60) return std::to_string(minutes) + end;
   return std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
+
+}  // namespace
 
 Progress::Progress(std::uint64_t total, bool isQuiet)
     : total_(total), isShown_(!isQuiet && total > 0 && isErrorTerminal()) {}

@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <string>
 
 namespace norvast {
 
@@ -30,8 +29,5 @@ class Progress {
   Clock::time_point start_ = Clock::now();
   Clock::time_point drawn_ = start_;
 };
-
-// "3:07" or "1:02:45" for a number of seconds.
-std::string durationText(std::uint64_t seconds);
 
 }  // namespace norvast

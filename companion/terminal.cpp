@@ -9,10 +9,6 @@ constexpr std::string_view REPLACEMENT_CHARACTER = "\xEF\xBF\xBD";
 
 std::string_view sequence(Colour colour) {
   switch (colour) {
-    case Colour::bold:
-      return "\033[1m";
-    case Colour::dim:
-      return "\033[2m";
     case Colour::yellow:
       return "\033[33m";
     case Colour::red:
@@ -28,11 +24,10 @@ bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
 
 }  // namespace
 
-bool isOutputTerminal() { return isatty(STDOUT_FILENO) == 1; }
 bool isErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 std::string coloured(std::string_view text, Colour colour) {
-  if (colour == Colour::plain || !isOutputTerminal()) return std::string(text);
+  if (colour == Colour::plain || isatty(STDOUT_FILENO) != 1) return std::string(text);
   return std::string(sequence(colour)).append(text).append(sequence(Colour::plain));
 }
 

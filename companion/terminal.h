@@ -7,11 +7,10 @@
 
 namespace norvast {
 
-// True when standard output, or standard error, is a terminal.
-bool isOutputTerminal();
+// True when standard error is a terminal.
 bool isErrorTerminal();
 
-enum class Colour { plain, bold, dim, yellow, red };
+enum class Colour { plain, yellow, red };
 
 // The text in that colour when standard output is a terminal, else as it is.
 std::string coloured(std::string_view text, Colour colour);

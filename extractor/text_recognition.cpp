@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include "text/ascii.h"
+
 namespace norvast {
 namespace {
 
@@ -24,13 +26,6 @@ constexpr std::int64_t MOST_PIXELS_DOUBLED = 9'000'000;
 // In percent. What the recogniser made of textures in 32 wallpapers stayed below 41, its worst
 // real line, in type of 8 pixels, was above.
 constexpr float LEAST_CONFIDENCE = 40;
-
-std::string trimmed(std::string_view text) {
-  constexpr std::string_view BLANKS = " \t\r\n\f\v";
-  const std::size_t start = text.find_first_not_of(BLANKS);
-  if (start == std::string_view::npos) return {};
-  return std::string(text.substr(start, text.find_last_not_of(BLANKS) + 1 - start));
-}
 
 // Light text on a dark ground is found as well, but only through a second try of each line:
 // inverted first, such pictures gave the same text in about half the time.
@@ -78,7 +73,7 @@ std::vector<std::string> recognizedLines(tesseract::TessBaseAPI& engine) {
   do {
     if (found->Confidence(tesseract::RIL_TEXTLINE) < LEAST_CONFIDENCE) continue;
     const std::unique_ptr<const char[]> text(found->GetUTF8Text(tesseract::RIL_TEXTLINE));
-    std::string line = text ? trimmed(text.get()) : std::string();
+    std::string line(text ? trimmed(text.get()) : std::string_view());
     if (!line.empty()) lines.push_back(std::move(line));
   } while (found->Next(tesseract::RIL_TEXTLINE));
   return lines;

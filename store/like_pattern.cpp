@@ -2,6 +2,9 @@
 
 namespace norvast {
 
+namespace {
+
+// With a backslash before every backslash, % and _, so that LIKE matches them literally.
 std::string likeLiteral(std::string_view text) {
   std::string literal;
   literal.reserve(text.size() + 2);
@@ -11,6 +14,8 @@ std::string likeLiteral(std::string_view text) {
   }
   return literal;
 }
+
+}  // namespace
 
 std::string likeContaining(std::string_view text) { return "%" + likeLiteral(text) + "%"; }
 

@@ -6,9 +6,6 @@
 
 namespace norvast {
 
-// The text with a backslash before every backslash, % and _, so that LIKE matches it literally.
-std::string likeLiteral(std::string_view text);
-
 // The pattern of every text that contains `text`.
 std::string likeContaining(std::string_view text);
 

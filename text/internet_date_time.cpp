@@ -3,52 +3,30 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 namespace norvast {
 namespace {
 
-constexpr std::int64_t SECONDS_A_DAY = 86400;
-
-struct Date {
-  std::int64_t year;
-  int month;
-  int day;
-};
-
-// Howard Hinnant, "chrono-Compatible Low-Level Date Algorithms", civil_from_days. Years are
-// counted from March, so that the leap day ends a year; an era is 400 of them.
-Date dateOfDay(std::int64_t daysSince1970) {
-  constexpr std::int64_t DAYS_AN_ERA = 146097;
-  constexpr std::int64_t DAYS_FROM_YEAR_ZERO_TO_1970 = 719468;
-  const std::int64_t days = daysSince1970 + DAYS_FROM_YEAR_ZERO_TO_1970;
-  const std::int64_t era = (days >= 0 ? days : days - DAYS_AN_ERA + 1) / DAYS_AN_ERA;
-  const std::int64_t dayOfEra = days - era * DAYS_AN_ERA;
-  const std::int64_t yearOfEra =
-      (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const auto dayOfYear =
-      static_cast<int>(dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100));
-  const int monthFromMarch = (5 * dayOfYear + 2) / 153;
-  const int day = dayOfYear - (153 * monthFromMarch + 2) / 5 + 1;
-  const int month = monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9;
-  return {yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day};
-}
+// The calendar repeats itself after 400 years, which are 146,097 days.
+constexpr std::int64_t YEARS_AN_ERA = 400;
+constexpr std::int64_t SECONDS_AN_ERA = std::int64_t{146'097} * 86'400;
 
 }  // namespace
 
 std::string internetDateTime(std::int64_t seconds) {
-  std::int64_t days = seconds / SECONDS_A_DAY;
-  auto secondOfDay = static_cast<int>(seconds % SECONDS_A_DAY);
-  if (secondOfDay < 0) {
-    secondOfDay += static_cast<int>(SECONDS_A_DAY);
-    --days;
-  }
+  // The library's years are ints, so it is asked for an instant in the era behind 1970.
+  std::int64_t eras = seconds / SECONDS_AN_ERA;
+  if (seconds % SECONDS_AN_ERA < 0) --eras;
+  const std::time_t withinEra = seconds - eras * SECONDS_AN_ERA;
+  std::tm time{};
+  (void)gmtime_r(&withinEra, &time);  // fails for years beyond an int alone
 
-  const Date date = dateOfDay(days);
+  const std::int64_t year = 1900 + time.tm_year + eras * YEARS_AN_ERA;
   std::array<char, 64> text{};
-  const int length =
-      std::snprintf(text.data(), text.size(), "%s%04lld-%02d-%02dT%02d:%02d:%02dZ",
-                    date.year < 0 ? "-" : "", std::llabs(date.year), date.month, date.day,
-                    secondOfDay / 3600, secondOfDay / 60 % 60, secondOfDay % 60);
+  const int length = std::snprintf(text.data(), text.size(), "%s%04lld-%02d-%02dT%02d:%02d:%02dZ",
+                                   year < 0 ? "-" : "", std::llabs(year), time.tm_mon + 1,
+                                   time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec);
   return {text.data(), static_cast<std::size_t>(length)};
 }
 

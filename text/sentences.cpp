@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "text/ascii.h"
+
 namespace norvast {
 namespace {
 
@@ -20,13 +22,6 @@ icu::BreakIterator* sentenceBoundaries() {
   static const std::unique_ptr<icu::BreakIterator> BOUNDARIES(
       icu::BreakIterator::createSentenceInstance(icu::Locale::getEnglish(), status));
   return BOUNDARIES.get();
-}
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view BLANKS = " \t\r\n\f\v";
-  const std::size_t first = text.find_first_not_of(BLANKS);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
 
 }  // namespace

@@ -60,19 +60,15 @@ bool isCutCharacter(std::string_view bytes) {
 }
 
 std::string repairUtf8(std::string bytes) {
-  std::size_t valid = validUtf8Length(bytes);
-  if (valid == bytes.size()) return bytes;
-
+  if (validUtf8Length(bytes) == bytes.size()) return bytes;
   std::string repaired;
   repaired.reserve(bytes.size() + REPLACEMENT_CHARACTER.size());
-  std::string_view rest = bytes;
-  while (valid < rest.size()) {
-    repaired.append(rest.substr(0, valid)).append(REPLACEMENT_CHARACTER);
-    (void)nextCharacter(rest, valid);  // known to be invalid: moves behind it
-    rest.remove_prefix(valid);
-    valid = validUtf8Length(rest);
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t start = at;
+    const bool isValid = nextCharacter(bytes, at);
+    repaired.append(isValid ? std::string_view(bytes).substr(start, at - start)
+                            : REPLACEMENT_CHARACTER);
   }
-  repaired.append(rest);
   return repaired;
 }
 
