@@ -1,5 +1,7 @@
 #include "store/like_pattern.h"
 
+#include <sqlite3.h>
+
 namespace norvast {
 
 namespace {
@@ -20,5 +22,9 @@ std::string likeLiteral(std::string_view text) {
 std::string likeContaining(std::string_view text) { return "%" + likeLiteral(text) + "%"; }
 
 std::string likeBelow(std::string_view folder) { return likeLiteral(folder) + "/%"; }
+
+bool isLike(const std::string& text, const std::string& pattern) {
+  return sqlite3_strlike(pattern.c_str(), text.c_str(), '\\') == 0;
+}
 
 }  // namespace norvast

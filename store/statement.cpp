@@ -81,6 +81,32 @@ void Statement::text(int column, std::string& into) const {
   if (validUtf8Length(into) < into.size()) into = repairUtf8(std::move(into));
 }
 
+std::string_view Statement::likeText(int column) const {
+  static const bool MATCHES_BLOBS = sqlite3_compileoption_used("LIKE_DOESNT_MATCH_BLOBS") == 0;
+  if (!MATCHES_BLOBS && sqlite3_column_type(handle_.get(), column) == SQLITE_BLOB) return {};
+  const unsigned char* bytes = sqlite3_column_text(handle_.get(), column);
+  return bytes == nullptr ? std::string_view() : reinterpret_cast<const char*>(bytes);
+}
+
+OrderedValue Statement::ordered(int column) const {
+  const auto bytes = [&] {
+    const std::span<const std::byte> value = blob(column);
+    return std::string(reinterpret_cast<const char*>(value.data()), value.size());
+  };
+  switch (sqlite3_column_type(handle_.get(), column)) {
+    case SQLITE_INTEGER:
+      return static_cast<long double>(integer(column));
+    case SQLITE_FLOAT:
+      return static_cast<long double>(sqlite3_column_double(handle_.get(), column));
+    case SQLITE_TEXT:
+      return bytes();
+    case SQLITE_BLOB:
+      return OrderedBlob{bytes()};
+    default:
+      return std::monostate();
+  }
+}
+
 std::int64_t Statement::integer(int column) const {
   return sqlite3_column_int64(handle_.get(), column);
 }

@@ -6,6 +6,9 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
+
+#include "store/ordered_value.h"
 
 struct sqlite3_stmt;
 
@@ -52,6 +55,11 @@ class Statement {
   std::string text(int column) const;
   // The same into memory that is already there, for rows by the hundred thousand.
   void text(int column, std::string& into) const;
+  // The bytes up to the first NUL as LIKE compares them: SQLite's, invalid ones too, and valid
+  // until the next step. Empty for NULL, and for a blob where LIKE matches none.
+  std::string_view likeText(int column) const;
+  // The value in its place among others.
+  OrderedValue ordered(int column) const;
   // NULL is 0.
   std::int64_t integer(int column) const;
   // The bytes are SQLite's and valid until the next step. Empty for NULL.

@@ -16,6 +16,7 @@
 #include "store/library_queries.h"
 #include "store/nominated_files.h"
 #include "store/settings.h"
+#include "store/term_search.h"
 #include "store/vector_rows.h"
 #include "text/content_terms.h"
 #include "text/unicode.h"
@@ -42,13 +43,13 @@ struct KeywordHits {
 std::vector<KeywordHits> countHits(const MCPStore& store, const std::string& question) {
   std::map<std::string, std::int64_t> occurrences;
   for (std::string& term : contentTerms(question)) ++occurrences[std::move(term)];
+  std::vector<std::string> terms;
+  for (const auto& occurrence : occurrences) terms.push_back(occurrence.first);
 
   std::unordered_map<std::string, std::int64_t> counts;
-  for (const auto& [term, times] : occurrences) {
-    for (const Json& record : searchLibrary(store, term, FILES_A_TERM)) {
-      counts[*member(*record.object(), "path")->string()] += times;
-    }
-  }
+  searchTerms(store, terms, FILES_A_TERM, [&](std::size_t term, const std::string& path) {
+    counts[path] += occurrences[terms[term]];
+  });
 
   std::vector<KeywordHits> hits;
   hits.reserve(counts.size());
