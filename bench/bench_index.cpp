@@ -5,8 +5,13 @@
 #include <fstream>
 #include <iterator>
 #include <span>
+#include <utility>
+#include <variant>
 
-#include "store/mcp_store.h"
+#include "companion/index_database.h"
+#include "companion/index_writer.h"
+#include "store/statement.h"
+#include "store/transaction.h"
 
 namespace norvast {
 namespace {
@@ -29,18 +34,14 @@ BenchIndex::BenchIndex() {
   std::string pattern = (std::filesystem::temp_directory_path() / "norvast_bench_XXXXXX").string();
   home_ = mkdtemp(pattern.data());
   (void)setenv("HOME", home_.c_str(), 1);
-  const std::filesystem::path database = indexDatabasePath().value();
-  std::filesystem::create_directories(database.parent_path());
   useSqliteFromOneThread();  // as the server does
-  connection_ = Connection::openReadWrite(database);
-  execute("PRAGMA journal_mode = WAL");
+  auto index = openIndex();
+  if (const auto* why = std::get_if<std::string>(&index)) {
+    std::fprintf(stderr, "%s\n", why->c_str());
+    std::exit(1);
+  }
+  connection_ = std::move(std::get<Connection>(index));
   execute("PRAGMA synchronous = OFF");
-  execute("CREATE TABLE file(path TEXT PRIMARY KEY, name, ext, grp, size, modified)");
-  execute("CREATE TABLE mcp_exposure(path TEXT PRIMARY KEY, allow_content INTEGER)");
-  execute("CREATE TABLE analysis(path TEXT PRIMARY KEY, summary, entities, method)");
-  execute("CREATE TABLE embedding(path TEXT PRIMARY KEY, vec BLOB)");
-  execute("CREATE TABLE chunk(path TEXT, ord INTEGER, text TEXT, vec BLOB, PRIMARY KEY(path,ord))");
-  execute("CREATE TABLE audit_event(id INTEGER PRIMARY KEY, ts, verb, object, result, severity)");
 }
 
 BenchIndex::~BenchIndex() {
@@ -73,58 +74,42 @@ std::string BenchIndex::randomText(std::size_t bytes) {
   return text;
 }
 
-void BenchIndex::addEmbeddedFiles(std::int64_t count, std::int64_t passagesAFile) {
-  execute("BEGIN");
-  {
-    Statement nomination(connection_, "INSERT INTO mcp_exposure VALUES(?,1)");
-    Statement embedding(connection_, "INSERT INTO embedding VALUES(?,?)");
-    Statement chunk(connection_, "INSERT INTO chunk VALUES(?,?,?,?)");
-    for (std::int64_t number = 0; number < count; ++number) {
-      const std::string path = filePath(number);
-      nomination.bind(1, path);
-      (void)nomination.run();
-      nomination.reset();
-      embedding.bind(1, path);
-      const std::vector<float> fileVector = randomVector();
-      embedding.bind(2, std::as_bytes(std::span(fileVector)));
-      (void)embedding.run();
-      embedding.reset();
-      for (std::int64_t ord = 0; ord < passagesAFile; ++ord) {
-        chunk.bind(1, path);
-        chunk.bind(2, ord);
-        chunk.bind(3, randomText(600));
-        const std::vector<float> passageVector = randomVector();
-        chunk.bind(4, std::as_bytes(std::span(passageVector)));
-        (void)chunk.run();
-        chunk.reset();
-      }
-    }
+void BenchIndex::addFiles(std::int64_t count, const std::function<FileAnalysis()>& analysis) {
+  Transaction transaction(connection_);
+  IndexWriter writer(connection_);
+  Statement nomination(connection_, "INSERT INTO mcp_exposure(path,allow_content) VALUES(?,1)");
+  bool isWritten = true;
+  for (std::int64_t number = 0; number < count; ++number) {
+    const ScannedFile file{filePath(number), 1234, std::int64_t{1700000000} + number, 0};
+    isWritten = isWritten && writer.replace(file, analysis());
+    nomination.bind(1, file.path);
+    isWritten = isWritten && nomination.run();
+    nomination.reset();
   }
-  execute("COMMIT");
+  if (!isWritten || !transaction.commit()) std::fprintf(stderr, "failed: fill the index\n");
   execute("PRAGMA wal_checkpoint(TRUNCATE)");
 }
 
-void BenchIndex::addSummarisedFiles(std::int64_t count) {
-  execute("BEGIN");
-  {
-    Statement file(connection_, "INSERT INTO file VALUES(?,?,'txt','Documents',1234,?)");
-    Statement analysis(connection_, "INSERT INTO analysis VALUES(?,?,?,'text')");
-    for (std::int64_t number = 0; number < count; ++number) {
-      const std::string path = filePath(number);
-      file.bind(1, path);
-      file.bind(2, path.substr(path.rfind('/') + 1));
-      file.bind(3, std::int64_t{1700000000} + number);
-      (void)file.run();
-      file.reset();
-      analysis.bind(1, path);
-      analysis.bind(2, randomText(400));
-      analysis.bind(3, "Maria Keller\n" + randomText(10));
-      (void)analysis.run();
-      analysis.reset();
+void BenchIndex::addEmbeddedFiles(std::int64_t count, std::int64_t passagesAFile) {
+  addFiles(count, [&] {
+    FileAnalysis analysis;
+    analysis.vec = randomVector();
+    for (std::int64_t ord = 0; ord < passagesAFile; ++ord) {
+      std::string text = randomText(600);
+      analysis.passages.push_back({std::move(text), randomVector()});
     }
-  }
-  execute("COMMIT");
-  execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    return analysis;
+  });
+}
+
+void BenchIndex::addSummarisedFiles(std::int64_t count) {
+  addFiles(count, [&] {
+    FileAnalysis analysis;
+    analysis.summary = randomText(400);
+    analysis.entities = "Maria Keller\n" + randomText(10);
+    analysis.method = "text";
+    return analysis;
+  });
 }
 
 void BenchIndex::addSwitchFile(const std::string& name) const {

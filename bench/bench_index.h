@@ -1,14 +1,16 @@
-// Bench index: an index of made-up rows in a throw-away home folder, from a fixed seed.
+// Bench index: an index of made-up files in a throw-away home folder, from a fixed seed, written by
+// the indexer's own code.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "companion/file_analysis.h"
 #include "store/connection.h"
-#include "store/statement.h"
 
 namespace norvast {
 
@@ -24,7 +26,7 @@ class BenchIndex {
   // of about 600 characters with a vector each.
   void addEmbeddedFiles(std::int64_t count, std::int64_t passagesAFile);
 
-  // `count` files with summaries of about 400 characters and a few tags.
+  // `count` files with summaries of about 400 characters and a few tags, nominated likewise.
   void addSummarisedFiles(std::int64_t count);
 
   void addSwitchFile(const std::string& name) const;
@@ -33,6 +35,7 @@ class BenchIndex {
   std::string addFile(const std::string& name, const std::string& bytes) const;
 
  private:
+  void addFiles(std::int64_t count, const std::function<FileAnalysis()>& analysis);
   void execute(const std::string& sql) const;
   std::vector<float> randomVector();
   std::string randomText(std::size_t bytes);

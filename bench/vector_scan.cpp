@@ -9,6 +9,7 @@
 #include "bench/ratio.h"
 #include "embedding/sentence_embedding.h"
 #include "store/mcp_store.h"
+#include "store/statement.h"
 #include "tools/call_tool.h"
 
 namespace norvast {

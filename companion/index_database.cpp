@@ -26,6 +26,9 @@ constexpr std::size_t SCHEMA_COOKIE_AT = 40;  // 0 as long as no table was made
 constexpr std::size_t USER_VERSION_AT = 60;
 constexpr std::size_t APPLICATION_ID_AT = 68;
 
+// A passage with its vector takes about 2,700 bytes. At SQLite's own 4,096, one would fill a page.
+constexpr int PAGE_BYTES = 16'384;
+
 bool run(const Connection& connection, const std::string& sql) {
   return Statement(connection, sql).run();
 }
@@ -84,8 +87,12 @@ std::variant<Connection, std::string> openIndex() {
   Connection connection = Connection::openReadWrite(*path);
   if (!connection) return "Cannot open the index at " + *path + ".";
 
-  // Only before the first table is there: space that is freed can then be given back to the disk.
-  if (isEmpty(connection)) (void)run(connection, "PRAGMA auto_vacuum = INCREMENTAL");
+  // Only before the first table is there: rows with vectors fit several to a page, and space that
+  // is freed can be given back to the disk.
+  if (isEmpty(connection)) {
+    (void)run(connection, "PRAGMA page_size = " + std::to_string(PAGE_BYTES));
+    (void)run(connection, "PRAGMA auto_vacuum = INCREMENTAL");
+  }
   // Before write-ahead mode, so that the main file itself says from the first byte on whose it is.
   if (const auto obstacle = obstacleToPresentTables(connection)) {
     return "The index at " + *path + " cannot be written: " + *obstacle + ".";

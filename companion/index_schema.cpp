@@ -23,6 +23,9 @@ struct Table {
 // All tables about files are joined on `path`, the absolute path of the file. `nanoseconds`
 // completes `modified`, so that a change within the same second is seen. mcp_exposure follows from
 // the rules and the files that are known; it is kept, for a server reads it meanwhile.
+//
+// What is found by its path is kept in the order of paths alone, without row ids. Passages are not:
+// files come in no order of paths, and their long rows would leave a third of each page empty.
 constexpr std::array TABLES = {
     Table{
         "file", Origin::kept,
@@ -33,9 +36,10 @@ constexpr std::array TABLES = {
           "mcp_exposure(path TEXT PRIMARY KEY NOT NULL, allow_content INTEGER NOT NULL) WITHOUT "
           "ROWID"},
     Table{"analysis", Origin::derived,
-          "analysis(path TEXT PRIMARY KEY NOT NULL, summary TEXT, entities TEXT, method TEXT)"},
+          "analysis(path TEXT PRIMARY KEY NOT NULL, summary TEXT, entities TEXT, method TEXT) "
+          "WITHOUT ROWID"},
     Table{"embedding", Origin::derived,
-          "embedding(path TEXT PRIMARY KEY NOT NULL, vec BLOB NOT NULL)"},
+          "embedding(path TEXT PRIMARY KEY NOT NULL, vec BLOB NOT NULL) WITHOUT ROWID"},
     Table{"chunk", Origin::derived,
           "chunk(path TEXT NOT NULL, ord INTEGER NOT NULL, text TEXT NOT NULL, vec BLOB NOT NULL, "
           "PRIMARY KEY(path, ord))"},
@@ -104,11 +108,17 @@ bool dropRows(const Connection& index, const Table& table) {
          run(index, "UPDATE file SET nanoseconds = " + std::to_string(READ_ANEW));
 }
 
+// A table that still has row ids serves as well, only not as fast: its rows are worth more.
+bool isPresent(const std::string& found, const Table& table) {
+  const std::string present = std::string("CREATE TABLE ") + table.layout;
+  return found == present || found + " WITHOUT ROWID" == present;
+}
+
 bool bringUpToDate(const Connection& index, const Table& table) {
   const auto found =
       texts(index, "SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?", {table.name});
   if (found.empty()) return create(index, table);
-  if (found.front() == std::string("CREATE TABLE ") + table.layout) return true;
+  if (isPresent(found.front(), table)) return true;
   return table.origin == Origin::kept ? copyInto(index, table) : dropRows(index, table);
 }
 
