@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "store/settings.h"
 #include "store/transaction.h"
 
 namespace norvast {
@@ -23,15 +24,19 @@ BatchWriting::BatchWriting(const Connection& index)
 
 bool BatchWriting::replace(const std::vector<AnalysedFile>& batch, std::uint64_t& written) {
   std::uint64_t count = 0;
+  bool isOfScheme = true;
   const bool isWritten = inTransaction([&](const Decisions& decisions) {
-    return std::all_of(batch.begin(), batch.end(), [&](const AnalysedFile& analysed) {
-      const std::string& path = analysed.file.path;
-      if (!decisions.isIndexed(path)) return true;
-      ++count;
-      return writer_.replace(analysed.file, analysed.analysis) &&
-             exposure_.write(path, nominationBy(decisions.rules, path));
-    });
+    isOfScheme =
+        scheme.empty() || setting(index_, EMBEDDING_SCHEME_SETTING) == std::optional(scheme);
+    return isOfScheme && std::all_of(batch.begin(), batch.end(), [&](const AnalysedFile& analysed) {
+             const std::string& path = analysed.file.path;
+             if (!decisions.isIndexed(path)) return true;
+             ++count;
+             return writer_.replace(analysed.file, analysed.analysis) &&
+                    exposure_.write(path, nominationBy(decisions.rules, path));
+           });
   });
+  if (!isOfScheme) obstacle = "another run has made its vectors anew with another model";
   if (isWritten) written += count;
   return isWritten;
 }

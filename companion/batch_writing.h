@@ -40,6 +40,10 @@ class BatchWriting {
 
   std::optional<std::string> obstacle;
 
+  // Of the vectors that `replace` writes; those in the index must be of the same. Empty where there
+  // are none.
+  std::string scheme;
+
  private:
   template <typename Write>
   bool inTransaction(Write write);

@@ -1,26 +1,33 @@
 #include "companion/file_analysis.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 #include <variant>
 
+#include "analysis/embedded_text.h"
 #include "analysis/entities.h"
 #include "analysis/passages.h"
 #include "analysis/summary.h"
-#include "embedding/query_embedding.h"
 #include "text/ascii.h"
 #include "text/file_name.h"
-#include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
-// Of the text in the file's own vector: the more of it, the less each word of it weighs.
-constexpr std::size_t LEADING_CHARACTERS = 2000;
-
 std::vector<float> vectorOf(const std::optional<SentenceEmbedding>& sentence,
                             std::string_view text) {
-  return embedQuery(sentence, text).value_or(std::vector<float>());
+  const auto vector = sentence ? sentence->vector(text) : std::nullopt;
+  return vector.value_or(std::vector<float>());
+}
+
+std::vector<std::string_view> leadingTexts(const std::vector<Passage>& passages) {
+  std::vector<std::string_view> texts;
+  for (std::size_t at = 0; at < std::min(passages.size(), LEADING_PASSAGES); ++at) {
+    texts.emplace_back(passages[at].text);
+  }
+  return texts;
 }
 
 }  // namespace
@@ -28,7 +35,6 @@ std::vector<float> vectorOf(const std::optional<SentenceEmbedding>& sentence,
 FileAnalysis analyseFile(const std::string& path,
                          const std::optional<SentenceEmbedding>& sentence) {
   FileAnalysis analysis;
-  std::string leading(fileName(path));
   const auto read = readDocument(path);
   if (const auto* failure = std::get_if<ReadFailure>(&read)) {
     analysis.failure = *failure;
@@ -39,13 +45,12 @@ FileAnalysis analyseFile(const std::string& path,
     analysis.summary = summarize(text);
     analysis.entities = joined(findEntities(text), "\n");
     for (std::string& passage : cutPassages(text)) {
-      std::vector<float> vec = vectorOf(sentence, passage);
+      std::vector<float> vec = vectorOf(sentence, embeddedPassage({}, {}, {}, passage));
       if (!vec.empty()) analysis.passages.push_back({std::move(passage), std::move(vec)});
     }
-    leading.append("\n").append(analysis.summary).append("\n");
-    leading.append(firstClusters(text, LEADING_CHARACTERS));
   }
-  analysis.vec = vectorOf(sentence, leading);
+  analysis.vec = vectorOf(
+      sentence, embeddedFile(fileName(path), analysis.summary, leadingTexts(analysis.passages)));
   return analysis;
 }
 

@@ -12,6 +12,7 @@
 #include "companion/file_analysis.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
+#include "companion/reembedding.h"
 #include "companion/territory.h"
 #include "embedding/sentence_embedding.h"
 #include "store/statement.h"
@@ -78,6 +79,7 @@ class Indexing {
       report_.obstacle = index_.lastFailure();
       return std::move(report_);
     }
+    settleScheme();
     for (const std::string& path : paths) {
       for (const Place& place : placesWithin(*decisions, path)) {
         if (!report_.obstacle) index(*decisions, place);
@@ -87,6 +89,16 @@ class Indexing {
   }
 
  private:
+  // Before any vector is written: those in the index are then of the same scheme.
+  void settleScheme() {
+    if (!sentence_) return;
+    report_.modelObjection = sentence_->useInstalledModel();
+    writing_.scheme = sentence_->scheme();
+    Reembedding again = embedAgain(index_, *sentence_, verbosity_);
+    report_.embeddedAgain = again.files;
+    report_.obstacle = std::move(again.obstacle);
+  }
+
   void index(const Decisions& decisions, const Place& place) {
     if (!isThere(place.root)) {
       report_.missingRoots.push_back(place.root);

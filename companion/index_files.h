@@ -8,6 +8,7 @@
 
 #include "companion/failures.h"
 #include "companion/file_scan.h"
+#include "companion/progress.h"
 #include "store/connection.h"
 
 namespace norvast {
@@ -16,14 +17,14 @@ struct IndexingReport {
   std::uint64_t indexed = 0;    // new and changed files, and those that were tried again
   std::uint64_t unchanged = 0;  // of the same size and modification time as when they were indexed
   std::uint64_t removed = 0;    // gone from disk or left out, and so from every table
-  std::vector<FailedFile> failures;       // of the files that this run read; indexed by name
+  std::uint64_t embeddedAgain = 0;  // whose vectors were of another scheme; not read for that
+  std::optional<std::string> modelObjection;  // why the installed model is not used, a sentence
+  std::vector<FailedFile> failures;           // of the files that this run read; indexed by name
   std::vector<std::string> missingRoots;  // that are not there now; what is known of them is kept
   ScanReport scan;
   // Why the index could not be written to the end; what was written before is kept.
   std::optional<std::string> obstacle;
 };
-
-enum class Verbosity { normal, quiet };  // draws its progress on a terminal, or not
 
 // Indexes the files at and below each path, as far as they lie in a root and no rule leaves them
 // out, and removes the rows of files that are gone from there. A path is absolute and free of

@@ -7,6 +7,7 @@
 #include "access/switch_files.h"
 #include "companion/terminal.h"
 #include "store/mcp_store.h"
+#include "store/settings.h"
 
 namespace norvast {
 namespace {
@@ -41,6 +42,8 @@ std::optional<std::string> statusText() {
          row("files", count("SELECT COUNT(*) FROM file")) +
          row("  with a summary", count("SELECT COUNT(*) FROM analysis")) +
          row("  passages", count("SELECT COUNT(*) FROM chunk")) +
+         row("  embedded by",
+             setting(store->rdb, EMBEDDING_SCHEME_SETTING).value_or("nothing yet")) +
          row("nominated", count("SELECT COUNT(*) FROM mcp_exposure")) +
          row("  with their content",
              count("SELECT COUNT(*) FROM mcp_exposure WHERE allow_content = 1")) +

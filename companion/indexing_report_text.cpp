@@ -95,7 +95,9 @@ std::string reportText(const Connection& index, const IndexingReport& report,
   const ScanReport& scan = report.scan;
   std::string text =
       row("indexed", report.indexed) + row("unchanged", report.unchanged) +
-      row("removed", report.removed) + withoutText(index, paths) +
+      row("removed", report.removed) +
+      (report.embeddedAgain > 0 ? row("embedded again", report.embeddedAgain) : "") +
+      withoutText(index, paths) +
       row("failed",
           passingFailures(report) + scan.unreadableFolders.size() + scan.unusableNames.size()) +
       row("nominated", countNominated(index, paths)) + firstFailures(report.failures) +
@@ -105,6 +107,7 @@ std::string reportText(const Connection& index, const IndexingReport& report,
     text += "left out: " + count(scan.unusableNames.size(), "name") +
             " with a line break or invalid UTF-8: " + listed(scan.unusableNames) + "\n";
   }
+  if (report.modelObjection) text += *report.modelObjection + "\n";
   if (scan.sensitivePaths > 0) {
     text += "left out: " + count(scan.sensitivePaths, "sensitive path") + "\n";
   }

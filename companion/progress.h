@@ -6,6 +6,8 @@
 
 namespace norvast {
 
+enum class Verbosity { normal, quiet };  // draws its progress on a terminal, or not
+
 // Draws on standard error, a few times a second: a bar, files done, files a second, time left.
 // Draws nothing where no person is looking, or when told to be quiet.
 class Progress {
