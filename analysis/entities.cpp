@@ -2,52 +2,22 @@
 
 #include <algorithm>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "analysis/entity_patterns.h"
-#include "analysis/text_blocks.h"
-#include "embedding/function_words.h"
+#include "analysis/entity_words.h"
+#include "analysis/lines.h"
+#include "analysis/name_finder.h"
+#include "analysis/name_words.h"
+#include "text/ascii.h"
 #include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
 constexpr std::size_t LEADING_BYTES = 100'000;
-constexpr std::size_t LONGEST_NAME_WORDS = 5;
 constexpr std::size_t FEWEST_PHONE_DIGITS = 7;
-
-// A word of a line, bare of the punctuation around it.
-struct Word {
-  std::string_view text;
-  bool opensSentence = false;
-  bool isClosed = false;  // punctuation behind it: no name goes on
-};
-
-bool endsSentence(char character) {
-  return character == '.' || character == '!' || character == '?' || character == ':';
-}
-
-std::vector<Word> wordsOf(std::string_view line) {
-  constexpr std::string_view OPENING = "([{\"'<*_`“„‘«";
-  constexpr std::string_view CLOSING = ".,;:!?)]}\"'>*_`”“’»";
-  std::vector<Word> words;
-  bool opensSentence = true;
-  for (const std::string_view raw : wordsBetweenBlanks(line)) {
-    const std::size_t first = raw.find_first_not_of(OPENING);
-    const std::size_t last = raw.find_last_not_of(CLOSING);
-    const bool isWord =
-        first != std::string_view::npos && last != std::string_view::npos && first <= last;
-    if (isWord) {
-      words.push_back(
-          {raw.substr(first, last - first + 1), opensSentence || first > 0, last + 1 < raw.size()});
-    } else if (!words.empty()) {
-      words.back().isClosed = true;
-    }
-    opensSentence = endsSentence(raw.back());
-  }
-  return words;
-}
+constexpr std::size_t MOST_WEB_ADDRESSES = 5;
 
 bool isProgramSign(char character) {
   switch (character) {
@@ -86,8 +56,6 @@ class EntityCounter {
     }
   }
 
-  bool knows(const std::string& entity) const { return counts_.contains(canonicalForm(entity)); }
-
   std::vector<std::string> mostFrequent() {
     std::vector<Entry> entries;
     for (auto& entry : counts_) entries.push_back(std::move(entry.second));
@@ -111,29 +79,35 @@ class EntityCounter {
   std::unordered_map<std::string, Entry> counts_;
 };
 
-using Words = std::vector<Word>;
+// Listings of programs are full of short forms without a year.
+bool isWrittenOut(std::string_view month) { return month.size() > 3; }
 
-std::string joined(const Words& words, std::size_t first, std::size_t count) {
-  std::string text;
-  for (std::size_t at = first; at < first + count; ++at) {
-    if (!text.empty()) text += ' ';
-    text += words[at].text;
-  }
-  return text;
-}
-
-// How many words from `at` are a date: 14 May 2026, May 14, 2026, May 2026. 0 when they are none.
-std::size_t dateWords(const Words& words, std::size_t at) {
+// How many words from `at` are a date: 14 May 2026, May 14, 2026, May 2026, 14. Mai 2026, 14 de
+// mayo de 2026. 0 when they are none.
+std::size_t dateWords(const EntityWords& words, std::size_t at) {
   const auto is = [&words](std::size_t index, bool (*test)(std::string_view)) {
     return index < words.size() && test(words[index].text);
   };
-  if (is(at, isDayOfMonth) && is(at + 1, isMonth)) return is(at + 2, isYear) ? 3 : 2;
-  if (is(at, isMonth) && is(at + 1, isDayOfMonth)) return is(at + 2, isYear) ? 3 : 2;
+  const auto skipOf = [&words](std::size_t index) {
+    return index < words.size() && (words[index].text == "de" || words[index].text == "of")
+               ? index + 1
+               : index;
+  };
+  if (is(at, isDayOfMonth)) {
+    const std::size_t month = skipOf(at + 1);
+    if (!is(month, isMonth)) return 0;
+    const std::size_t year = skipOf(month + 1);
+    if (is(year, isYear)) return year + 1 - at;
+    return isWrittenOut(words[month].text) ? month + 1 - at : 0;
+  }
+  if (is(at, isMonth) && is(at + 1, isDayOfMonth)) {
+    return is(at + 2, isYear) ? 3 : isWrittenOut(words[at].text) ? 2 : 0;
+  }
   return is(at, isMonth) && is(at + 1, isYear) ? 2 : 0;
 }
 
 // How many words from `at` are a telephone number: a + and digits, in groups. 0 when they are none.
-std::size_t phoneWords(const Words& words, std::size_t at) {
+std::size_t phoneWords(const EntityWords& words, std::size_t at) {
   if (!words[at].text.starts_with('+')) return 0;
   std::size_t digits = 0;
   std::size_t count = 0;
@@ -151,7 +125,7 @@ std::size_t phoneWords(const Words& words, std::size_t at) {
 }
 
 // How many words from `at` are a street with its house number: Gartenstrasse 8, 12 Baker Street.
-std::size_t streetWords(const Words& words, std::size_t at) {
+std::size_t streetWords(const EntityWords& words, std::size_t at) {
   const auto isNamed = [&words](std::size_t index) {
     return index < words.size() && isCapitalised(words[index].text);
   };
@@ -166,71 +140,48 @@ std::size_t streetWords(const Words& words, std::size_t at) {
   return 0;
 }
 
-bool isConnector(std::string_view word) {
-  for (const std::string_view connector :
-       {"of", "the", "&", "and", "van", "von", "der", "de", "del", "di", "la"}) {
-    if (word == connector) return true;
+// Whether a line reads like a heading: numbered, or nearly every word of it has a capital. They
+// tell nothing then.
+bool readsAsHeading(const EntityWords& words) {
+  std::size_t capital = 0;
+  std::size_t small = 0;
+  for (const EntityWord& word : words) {
+    const LetterCase letterCase = letterCaseOf(word.text);
+    if (letterCase == LetterCase::capital) ++capital;
+    if (letterCase == LetterCase::small && word.text.size() > 3) ++small;
   }
-  return false;
+  const bool isNumbered = !words.empty() && isAsciiDigit(words[0].text.front()) &&
+                          words[0].text.find('.') != std::string_view::npos && words.size() < 12;
+  return isNumbered || (capital > 3 && small * 3 < capital);
 }
 
-bool isTitle(std::string_view word) {
-  return word == "Dr" || word == "Mr" || word == "Mrs" || word == "Ms" || word == "Prof";
-}
-
-bool isNameWord(std::string_view word) {
-  return isCapitalised(word) && !isFunctionWord(lowerCase(word)) && !isMonth(word) &&
-         !isTitle(word);
-}
-
-// How many words from `at` are a name: capitalised ones, the inner ones perhaps connectors. A
-// connector that is as often a conjunction joins only what one before it began with "of" or "&".
-std::size_t nameWords(const Words& words, std::size_t at) {
-  std::size_t count = 0;
-  std::size_t end = 0;
-  while (at + count < words.size() && count < LONGEST_NAME_WORDS) {
-    const Word& word = words[at + count];
-    const bool isName = isNameWord(word.text);
-    const bool isJoint = count > 0 && isConnector(word.text) && word.text != "and";
-    if (!isName && !isJoint) break;
-    if (isName && count > 0 && word.opensSentence) break;
-    ++count;
-    if (isName) end = count;
-    if (word.isClosed) break;
-  }
-  return end;
-}
-
-bool followsPlaceWord(const Words& words, std::size_t at) {
-  if (at == 0 || words[at - 1].isClosed) return false;
-  const std::string before = lowerCase(words[at - 1].text);
-  return before == "in" || before == "at" || before == "from" || before == "near";
-}
-
-// Where an entity begins and how many words it has, at most up to the end of the line; a count of 0
-// says that none begins there.
-struct Span {
-  std::size_t first = 0;
-  std::size_t count = 0;
+// A line of the text, or the cell of a table.
+struct Line {
+  EntityWords words;
+  bool mayHoldNames = false;
 };
 
 class EntityFinder {
  public:
-  explicit EntityFinder(std::string_view text) : lines_(linesOf(text)) {
-    for (const std::string_view line : lines_) {
-      for (const Word& word : wordsOf(line)) {
-        if (letterCaseOf(word.text) == LetterCase::small) smallWords_.emplace(word.text);
-      }
+  EntityFinder(const Outline& outline, Language language) : names_(language) {
+    takeLine(outline.author, true);
+    for (const Stretch& stretch : outline.stretches) {
+      if (stretch.start >= LEADING_BYTES) break;
+      takeStretch(outline.textOf(stretch).substr(0, LEADING_BYTES - stretch.start), stretch.kind);
     }
   }
 
   std::vector<std::string> find() {
-    for (const std::string_view line : lines_) {
-      const bool mayHoldNames = !looksLikeProgram(line) && !line.starts_with('#');
-      const Words words = wordsOf(line);
-      for (std::size_t at = 0; at < words.size();) {
-        const Span span = entityAt(words, at, mayHoldNames);
-        if (span.count > 0) counter_.add(joined(words, span.first, span.count));
+    for (const Line& line : lines_) {
+      for (std::size_t at = 0; at < line.words.size();) {
+        const std::string_view address = webAddressIn(line.words[at].text);
+        if (!address.empty()) {
+          if (addresses_++ < MOST_WEB_ADDRESSES) counter_.add(std::string(address));
+          ++at;
+          continue;
+        }
+        const EntitySpan span = entityAt(line.words, at, line.mayHoldNames);
+        if (span.count > 0) counter_.add(joined(line.words, span.first, span.count));
         at = span.count > 0 ? span.first + span.count : at + 1;
       }
     }
@@ -238,39 +189,49 @@ class EntityFinder {
   }
 
  private:
-  Span entityAt(const Words& words, std::size_t at, bool mayBeName) const {
+  // The first row of a table names its columns.
+  void takeStretch(std::string_view text, Stretch::Kind kind) {
+    const bool isRow = kind == Stretch::Kind::tableRow;
+    const bool isFirstRow = isRow && last_ != Stretch::Kind::tableRow;
+    const bool mayHoldNames = kind != Stretch::Kind::heading && kind != Stretch::Kind::part &&
+                              kind != Stretch::Kind::code && !isFirstRow;
+    last_ = kind;
+    for (const std::string_view line : linesOf(text)) {
+      for (std::size_t start = 0; start <= line.size();) {
+        const std::size_t end = isRow ? std::min(line.find('\t', start), line.size()) : line.size();
+        takeLine(line.substr(start, end - start), mayHoldNames);
+        start = end + 1;
+      }
+    }
+  }
+
+  void takeLine(std::string_view line, bool mayHoldNames) {
+    Line taken{entityWordsOf(line), mayHoldNames && !looksLikeProgram(line)};
+    taken.mayHoldNames = taken.mayHoldNames && !readsAsHeading(taken.words);
+    names_.learn(taken.words);
+    lines_.push_back(std::move(taken));
+  }
+
+  EntitySpan entityAt(const EntityWords& words, std::size_t at, bool mayBeName) const {
     const std::string_view word = words[at].text;
-    if (isEmailAddress(word) || isWebAddress(word) || isNumericDate(word)) return {at, 1};
+    if (isEmailAddress(word) || isNumericDate(word)) return {at, 1};
     for (const auto find : {dateWords, phoneWords, streetWords}) {
       if (const std::size_t count = find(words, at); count > 0) return {at, count};
     }
-    return mayBeName ? nameAt(words, at) : Span();
+    return mayBeName ? names_.nameAt(words, at) : EntitySpan();
   }
 
-  // The first word of a sentence has a capital in any case: it is no part of a name when the text
-  // writes it small elsewhere, or when the rest is a name that is known already.
-  Span nameAt(const Words& words, std::size_t at) const {
-    Span span{at, nameWords(words, at)};
-    if (span.count > 1 && words[at].opensSentence &&
-        (smallWords_.contains(lowerCase(words[at].text)) ||
-         counter_.knows(joined(words, at + 1, span.count - 1)))) {
-      span = {at + 1, span.count - 1};
-    }
-    const bool isKnown = counter_.knows(joined(words, span.first, span.count));
-    const bool isPlace =
-        span.count == 1 && !words[span.first].opensSentence && followsPlaceWord(words, span.first);
-    return span.count > 1 || isPlace || isKnown ? span : Span();
-  }
-
-  std::vector<std::string_view> lines_;
-  std::unordered_set<std::string> smallWords_;
+  NameFinder names_;
+  std::vector<Line> lines_;
+  Stretch::Kind last_ = Stretch::Kind::prose;
+  std::size_t addresses_ = 0;
   EntityCounter counter_;
 };
 
 }  // namespace
 
-std::vector<std::string> findEntities(std::string_view text) {
-  return EntityFinder(firstClusters(text.substr(0, LEADING_BYTES), LEADING_BYTES)).find();
+std::vector<std::string> findEntities(const Outline& outline, Language language) {
+  return EntityFinder(outline, language).find();
 }
 
 }  // namespace norvast

@@ -2,14 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 
+#include "text/ascii.h"
 #include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
+bool isDigit(char character) { return isAsciiDigit(character); }
+
+bool isAsciiLetter(char character) {
+  const char lower = asciiLowerCase(character);
+  return lower >= 'a' && lower <= 'z';
+}
+
+bool isAsciiAlphanumeric(char character) { return isAsciiLetter(character) || isDigit(character); }
 
 bool isDigits(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
@@ -17,6 +26,28 @@ bool isDigits(std::string_view text) {
 
 bool contains(const auto& list, std::string_view word) {
   return std::find(list.begin(), list.end(), word) != list.end();
+}
+
+// Labels of letters, digits and hyphens between dots, two or more, the last one of letters (RFC
+// 1123, section 2.1).
+bool isHostName(std::string_view text) {
+  std::size_t labels = 0;
+  for (;;) {
+    const std::size_t end = std::min(text.find('.'), text.size());
+    const std::string_view label = text.substr(0, end);
+    const auto mayStand = [](char character) {
+      return isAsciiAlphanumeric(character) || character == '-';
+    };
+    if (label.empty() || label.size() > 63 || label.front() == '-' || label.back() == '-' ||
+        !std::all_of(label.begin(), label.end(), mayStand)) {
+      return false;
+    }
+    ++labels;
+    if (end == text.size())
+      return labels > 1 && label.size() > 1 &&
+             std::all_of(label.begin(), label.end(), isAsciiLetter);
+    text.remove_prefix(end + 1);
+  }
 }
 
 // A date of three numbers of these lengths between two separators.
@@ -38,17 +69,41 @@ bool isDateLike(std::string_view word, char separator, std::size_t firstDigits,
 
 bool isEmailAddress(std::string_view word) {
   const std::size_t at = word.find('@');
-  if (at == std::string_view::npos || at == 0 || word.find('@', at + 1) != std::string_view::npos)
-    return false;
-  const std::string_view domain = word.substr(at + 1);
-  const std::size_t dot = domain.rfind('.');
-  return dot != std::string_view::npos && dot > 0 && domain.size() - dot > 2;
+  if (at == std::string_view::npos || at == 0 || at > 64) return false;
+  const std::string_view name = word.substr(0, at);
+  const auto mayStand = [](char character) {
+    return isAsciiAlphanumeric(character) ||
+           std::string_view(".!#$%&'*+/=?^_`{|}~-").find(character) != std::string_view::npos;
+  };
+  return name.front() != '.' && name.back() != '.' && name.find("..") == std::string_view::npos &&
+         std::all_of(name.begin(), name.end(), mayStand) && isHostName(word.substr(at + 1));
 }
 
-bool isWebAddress(std::string_view word) {
-  return word.size() > 8 &&
-         ((word.starts_with("http://") && word.size() > 10) ||
-          (word.starts_with("https://") && word.size() > 11) || word.starts_with("www."));
+std::string_view webAddressIn(std::string_view word) {
+  std::size_t start = word.find("http");
+  if (start == std::string_view::npos) start = word.find("www.");
+  if (start == std::string_view::npos) return {};
+  std::string_view address = word.substr(start);
+  address = address.substr(0, address.find_first_of("\"<>\\^`{|}'"));
+  std::size_t host = 0;
+  for (const std::string_view scheme : {"http://", "https://"}) {
+    if (address.starts_with(scheme)) host = scheme.size();
+  }
+  if (host == 0 && !address.starts_with("www.")) return {};
+  // A bracket that the address did not open ends it, as punctuation that closes a sentence does.
+  for (std::size_t at = host, open = 0; at < address.size(); ++at) {
+    if (address[at] == '(') ++open;
+    if (address[at] == ']' || (address[at] == ')' && open-- == 0)) {
+      address = address.substr(0, at);
+      break;
+    }
+  }
+  while (!address.empty() &&
+         std::string_view(".,;:!?*_").find(address.back()) != std::string_view::npos)
+    address.remove_suffix(1);
+  const std::size_t end = std::min(address.find_first_of("/?#", host), address.size());
+  const std::string_view server = address.substr(host, end - host);
+  return isHostName(server.substr(0, server.find(':'))) ? address : std::string_view();
 }
 
 bool isNumericDate(std::string_view word) {
@@ -56,17 +111,9 @@ bool isNumericDate(std::string_view word) {
   return isDateLike(word, '-', 4, 2) || isDateLike(word, '.', 2, 4) || isDateLike(word, '/', 2, 4);
 }
 
-bool isMonth(std::string_view word) {
-  static constexpr std::array<std::string_view, 24> MONTHS = {
-      "January",   "February", "March",    "April",    "May",  "June", "July", "August",
-      "September", "October",  "November", "December", "Jan",  "Feb",  "Mar",  "Apr",
-      "Jun",       "Jul",      "Aug",      "Sep",      "Sept", "Oct",  "Nov",  "Dec"};
-  return word.size() >= 3 && word.front() >= 'A' && word.front() <= 'S' && contains(MONTHS, word);
-}
-
 bool isDayOfMonth(std::string_view word) {
   if (word.empty() || !isDigit(word.front())) return false;
-  for (const std::string_view ordinal : {"st", "nd", "rd", "th"}) {
+  for (const std::string_view ordinal : {"st", "nd", "rd", "th", "er", "º", "."}) {
     if (word.ends_with(ordinal)) word.remove_suffix(ordinal.size());
   }
   if (!isDigits(word) || word.size() > 2) return false;
@@ -87,7 +134,8 @@ bool isStreetWord(std::string_view word) {
   static constexpr std::array<std::string_view, 9> STREETS = {
       "Street", "Road", "Avenue", "Lane", "Drive", "Boulevard", "Square", "Terrace", "Crescent"};
   if (contains(STREETS, word)) return true;
-  for (const std::string_view end : {"strasse", "straße", "gasse", "weg", "platz", "allee"}) {
+  for (const std::string_view end :
+       {"strasse", "straße", "gasse", "weg", "platz", "allee", "straat", "laan"}) {
     if (word.ends_with(end) && word.size() > end.size() + 2) return true;
   }
   return false;

@@ -5,14 +5,15 @@
 
 namespace norvast {
 
+// name@host.org, of the characters that RFC 5321 allows outside quotation marks.
 bool isEmailAddress(std::string_view word);
-bool isWebAddress(std::string_view word);
+
+// The address that begins with http://, https:// or www. in a word, of the characters that RFC 3986
+// allows, up to the punctuation or markup behind it. Empty when there is none.
+std::string_view webAddressIn(std::string_view word);
 
 // 2026-05-14, 14.05.2026, 5/14/2026.
 bool isNumericDate(std::string_view word);
-
-// The English name of a month, or its usual three or four letters.
-bool isMonth(std::string_view word);
 
 // 1 to 31, also as 1st, 2nd, 3rd, 4th.
 bool isDayOfMonth(std::string_view word);

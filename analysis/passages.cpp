@@ -4,7 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
+#include <unordered_set>
 
+#include "analysis/value_table.h"
 #include "text/unicode.h"
 
 namespace norvast {
@@ -57,22 +59,115 @@ std::string_view windowOf(std::string_view text) {
   return text.substr(0, end);
 }
 
+// A line of text that names what is below it.
+struct Heading {
+  std::size_t start = 0;
+  bool isPart = false;
+  std::string_view text;
+};
+
+std::vector<Heading> headingsOf(const Outline& outline) {
+  std::vector<Heading> headings;
+  for (const Stretch& stretch : outline.stretches) {
+    const bool isPart = stretch.kind == Stretch::Kind::part;
+    if (isPart || stretch.kind == Stretch::Kind::heading) {
+      headings.push_back({stretch.start, isPart, outline.textOf(stretch)});
+    }
+  }
+  return headings;
+}
+
+// Cuts one text into its pieces, in order.
+class Cutter {
+ public:
+  explicit Cutter(const Outline& outline) : text_(outline.text), headings_(headingsOf(outline)) {}
+
+  std::vector<QuotablePassage> cut() {
+    while (skipBlanks()) {
+      enterHeadings();
+      const std::size_t end = endOfNext();
+      std::string_view piece = text_.substr(start_, end - start_);
+      piece = piece.substr(0, piece.find_last_not_of(BLANKS) + 1);
+      if (isKept(piece)) passages_.push_back({std::string(piece), heading()});
+      start_ = end;
+    }
+    return std::move(passages_);
+  }
+
+ private:
+  bool skipBlanks() {
+    start_ = text_.find_first_not_of(BLANKS, start_);
+    return start_ != std::string_view::npos;
+  }
+
+  // Passes the headings above or at the beginning of the next piece.
+  void enterHeadings() {
+    for (; next_ < headings_.size() && headings_[next_].start <= start_; ++next_) {
+      const Heading& entered = headings_[next_];
+      if (entered.isPart) {
+        part_ = entered.text;
+        valuesInRun_ = 0;
+      }
+      heading_ = entered.isPart ? std::string_view() : entered.text;
+    }
+  }
+
+  std::size_t endOfNext() const {
+    std::string_view window = windowOf(text_.substr(start_));
+    const std::size_t part = firstPartBefore(start_ + window.size());
+    window = window.substr(0, part - start_);
+    const std::size_t full = firstClusters(window, MOST_CLUSTERS).size();
+    if (start_ + full == part || start_ + full == text_.size()) return start_ + full;
+    const std::size_t heading = lastHeadingWithin(start_ + full / 2, start_ + full);
+    return heading > 0 ? heading : start_ + endOfPiece(window, full);
+  }
+
+  // Where the next part begins, or `end` when that is not before it.
+  std::size_t firstPartBefore(std::size_t end) const {
+    for (std::size_t at = next_; at < headings_.size() && headings_[at].start < end; ++at) {
+      if (headings_[at].isPart) return headings_[at].start;
+    }
+    return end;
+  }
+
+  // Where the last heading between two places begins; 0 when there is none.
+  std::size_t lastHeadingWithin(std::size_t first, std::size_t last) const {
+    std::size_t found = 0;
+    for (std::size_t at = next_; at < headings_.size() && headings_[at].start <= last; ++at) {
+      if (headings_[at].start >= first) found = headings_[at].start;
+    }
+    return found;
+  }
+
+  bool isKept(std::string_view piece) {
+    if (!isTableOfValues(piece)) {
+      valuesInRun_ = 0;
+    } else if (++valuesInRun_ > MOST_VALUE_PIECES_A_RUN || ++values_ > MOST_VALUE_PIECES_A_FILE) {
+      return false;
+    }
+    return kept_.insert(piece).second;
+  }
+
+  std::string heading() const {
+    std::string heading(part_);
+    if (!part_.empty() && !heading_.empty()) heading += ": ";
+    return heading.append(heading_);
+  }
+
+  std::string_view text_;
+  std::vector<Heading> headings_;
+  std::size_t start_ = 0;  // of what is not cut yet
+  std::size_t next_ = 0;   // the first heading that is not passed
+  std::string_view part_;
+  std::string_view heading_;
+  std::size_t valuesInRun_ = 0;
+  std::size_t values_ = 0;
+  std::unordered_set<std::string_view> kept_;
+  std::vector<QuotablePassage> passages_;
+};
+
 }  // namespace
 
-std::vector<std::string> cutPassages(std::string_view text) {
-  std::vector<std::string> passages;
-  for (;;) {
-    const std::size_t first = text.find_first_not_of(BLANKS);
-    if (first == std::string_view::npos) return passages;
-    text.remove_prefix(first);
-
-    const std::string_view window = windowOf(text);
-    const std::size_t full = firstClusters(window, MOST_CLUSTERS).size();
-    const std::size_t end = full == text.size() ? full : endOfPiece(window, full);
-    const std::string_view piece = text.substr(0, end);
-    passages.emplace_back(piece.substr(0, piece.find_last_not_of(BLANKS) + 1));
-    text.remove_prefix(end);
-  }
-}
+std::vector<QuotablePassage> cutPassages(const Outline& outline) { return Cutter(outline).cut(); }
 
 }  // namespace norvast

@@ -4,12 +4,11 @@
 #include <optional>
 #include <set>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
-#include "analysis/text_blocks.h"
-#include "text/content_terms.h"
-#include "text/sentences.h"
+#include "analysis/lines.h"
+#include "analysis/summary_lead.h"
+#include "analysis/summary_sentences.h"
 #include "text/unicode.h"
 
 namespace norvast {
@@ -17,40 +16,14 @@ namespace {
 
 constexpr std::size_t LEADING_BYTES = 50'000;
 constexpr std::size_t MOST_SENTENCES = 3;
-constexpr std::size_t FEWEST_TERMS = 3;  // of a sentence that says something
 
-struct Candidate {
-  std::string text;
-  std::vector<std::string> terms;
-};
-
+using Candidates = std::vector<SummarySentence>;
 using Probabilities = std::unordered_map<std::string, double>;
 
-bool endsAsSentence(std::string_view sentence) {
-  while (sentence.ends_with('"') || sentence.ends_with(')')) sentence.remove_suffix(1);
-  for (const std::string_view end : {".", "!", "?", "…", "。", "！", "？"}) {
-    if (sentence.ends_with(end)) return true;
-  }
-  return false;
-}
-
-std::vector<Candidate> candidatesOf(std::string_view text) {
-  std::vector<Candidate> candidates;
-  for (const std::string& block : blocksOf(text)) {
-    for (const std::string_view sentence : sentencesOf(block)) {
-      if (!endsAsSentence(sentence) || countClusters(sentence) > LONGEST_SUMMARY_CLUSTERS) continue;
-      std::vector<std::string> terms = contentTerms(sentence);
-      if (terms.size() < FEWEST_TERMS) continue;
-      candidates.push_back({std::string(sentence), std::move(terms)});
-    }
-  }
-  return candidates;
-}
-
-Probabilities probabilitiesOf(const std::vector<Candidate>& candidates) {
+Probabilities probabilitiesOf(const Candidates& candidates) {
   Probabilities probabilities;
   double total = 0;
-  for (const Candidate& candidate : candidates) {
+  for (const SummarySentence& candidate : candidates) {
     for (const std::string& term : candidate.terms) {
       probabilities[term] += 1;
       total += 1;
@@ -60,14 +33,14 @@ Probabilities probabilitiesOf(const std::vector<Candidate>& candidates) {
   return probabilities;
 }
 
-double averageProbability(const Candidate& candidate, const Probabilities& probabilities) {
+double averageProbability(const SummarySentence& candidate, const Probabilities& probabilities) {
   double sum = 0;
   for (const std::string& term : candidate.terms) sum += probabilities.at(term);
   return sum / static_cast<double>(candidate.terms.size());
 }
 
 // The most probable term of the sentences that still fit; the first in byte order of equal ones.
-std::string bestTerm(const std::vector<Candidate>& candidates, const std::vector<bool>& fits,
+std::string bestTerm(const Candidates& candidates, const std::vector<bool>& fits,
                      const Probabilities& probabilities) {
   std::string best;
   double highest = -1;
@@ -83,8 +56,7 @@ std::string bestTerm(const std::vector<Candidate>& candidates, const std::vector
   return best;
 }
 
-std::optional<std::size_t> bestSentence(const std::vector<Candidate>& candidates,
-                                        const std::vector<bool>& fits,
+std::optional<std::size_t> bestSentence(const Candidates& candidates, const std::vector<bool>& fits,
                                         const Probabilities& probabilities) {
   const std::string term = bestTerm(candidates, fits, probabilities);
   std::optional<std::size_t> best;
@@ -92,31 +64,27 @@ std::optional<std::size_t> bestSentence(const std::vector<Candidate>& candidates
   for (std::size_t at = 0; at < candidates.size(); ++at) {
     const auto& terms = candidates[at].terms;
     if (!fits[at] || std::find(terms.begin(), terms.end(), term) == terms.end()) continue;
-    const double average = averageProbability(candidates[at], probabilities);
-    if (average <= highest) continue;
+    const double weight = averageProbability(candidates[at], probabilities) *
+                          candidates[at].weight * (1 + 1 / static_cast<double>(at + 1));
+    if (weight <= highest) continue;
     best = at;
-    highest = average;
+    highest = weight;
   }
   return best;
 }
 
-std::set<std::size_t> chooseSentences(const std::vector<Candidate>& candidates) {
+std::set<std::size_t> chooseSentences(const Candidates& candidates, std::size_t left) {
   Probabilities probabilities = probabilitiesOf(candidates);
-  std::vector<std::size_t> lengths;
-  lengths.reserve(candidates.size());
-  for (const Candidate& candidate : candidates) lengths.push_back(countClusters(candidate.text));
-
   std::set<std::size_t> chosen;
-  std::size_t left = LONGEST_SUMMARY_CLUSTERS;
   while (chosen.size() < MOST_SENTENCES) {
     std::vector<bool> fits(candidates.size());
     for (std::size_t at = 0; at < candidates.size(); ++at) {
-      fits[at] = !chosen.contains(at) && lengths[at] + 1 <= left;
+      fits[at] = !chosen.contains(at) && candidates[at].clusters + 1 <= left;
     }
     const auto next = bestSentence(candidates, fits, probabilities);
     if (!next) break;
     chosen.insert(*next);
-    left -= lengths[*next] + 1;
+    left -= candidates[*next].clusters + 1;
     for (const std::string& term : candidates[*next].terms) {
       probabilities[term] *= probabilities[term];
     }
@@ -124,31 +92,45 @@ std::set<std::size_t> chooseSentences(const std::vector<Candidate>& candidates) 
   return chosen;
 }
 
-std::string firstLines(std::string_view text) {
+// Cells and rows are told apart by commas and semicolons.
+std::string firstLines(const Outline& outline) {
   std::string lines;
-  for (const std::string_view line : linesOf(text)) {
-    if (line.empty()) continue;
-    if (!lines.empty()) lines += ' ';
-    lines.append(line);
+  for (const Stretch& stretch : outline.stretches) {
     if (lines.size() > 4 * LONGEST_SUMMARY_CLUSTERS) break;
+    for (const std::string_view line :
+         linesOf(outline.textOf(stretch).substr(0, 4 * LONGEST_SUMMARY_CLUSTERS))) {
+      if (line.empty()) continue;
+      if (!lines.empty()) lines += stretch.kind == Stretch::Kind::tableRow ? "; " : " ";
+      for (const char character : line) {
+        lines += character == '\t' ? std::string_view(", ") : std::string_view(&character, 1);
+      }
+    }
   }
-  lines.resize(firstClusters(lines, LONGEST_SUMMARY_CLUSTERS).size());
   return lines;
+}
+
+std::string chosenText(const Candidates& candidates, std::size_t left) {
+  std::string text;
+  for (const std::size_t at : chooseSentences(candidates, left)) {
+    if (!text.empty()) text += ' ';
+    text += candidates[at].text;
+  }
+  return text;
 }
 
 }  // namespace
 
-std::string summarize(std::string_view text) {
-  text = text.substr(0, firstClusters(text.substr(0, LEADING_BYTES), LEADING_BYTES).size());
-  const std::vector<Candidate> candidates = candidatesOf(text);
-  if (candidates.empty()) return firstLines(text);
-
-  std::string summary;
-  for (const std::size_t at : chooseSentences(candidates)) {
-    if (!summary.empty()) summary += ' ';
-    summary += candidates[at].text;
-  }
-  return summary;
+std::string summarize(const Outline& outline, std::string_view name, Language language) {
+  std::string lead = summaryLead(outline, name);
+  const std::size_t left = LONGEST_SUMMARY_CLUSTERS - countClusters(lead) - 2;
+  const Candidates candidates = summarySentences(outline, language, LEADING_BYTES);
+  std::string gist = chosenText(candidates, left);
+  if (gist.empty()) gist = firstLines(outline);
+  if (gist.starts_with(lead)) lead.clear();
+  if (!lead.empty() && !gist.empty()) lead += ": ";
+  lead += gist;
+  lead.resize(firstClusters(lead, LONGEST_SUMMARY_CLUSTERS).size());
+  return lead;
 }
 
 }  // namespace norvast

@@ -10,6 +10,7 @@
 #include "access/switch_files.h"
 #include "companion/audit_view.h"
 #include "companion/command_output.h"
+#include "companion/file_view.h"
 #include "companion/index_status.h"
 #include "json/json_writer.h"
 #include "platform/folders.h"
@@ -58,6 +59,22 @@ ExitStatus statusCommand() {
   if (!text) return failWithoutIndex();
   std::cout << *text;
   return ExitStatus::done;
+}
+
+ExitStatus showCommand(const std::vector<std::string>& paths) {
+  const auto store = MCPStore::open();
+  if (!store) return failWithoutIndex();
+  ExitStatus status = ExitStatus::done;
+  for (const std::string& path : paths) {
+    const auto known = indexedPath(path);
+    const auto text = known ? fileView(*store, *known) : std::nullopt;
+    if (text) {
+      std::cout << *text;
+    } else {
+      status = fail(path + ": no such file is indexed");
+    }
+  }
+  return status;
 }
 
 ExitStatus auditCommand(std::uint64_t last, Follow follow) {

@@ -40,6 +40,9 @@ ExitStatus libraryCommand(Switch position);
 
 ExitStatus statusCommand();
 
+// What the index holds of each file.
+ExitStatus showCommand(const std::vector<std::string>& paths);
+
 // The last events of the trail, then, with `follow`, each new one until the program is stopped.
 enum class Follow { no, yes };
 ExitStatus auditCommand(std::uint64_t last, Follow follow);

@@ -1,6 +1,7 @@
 #include "companion/file_analysis.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -8,10 +9,17 @@
 
 #include "analysis/embedded_text.h"
 #include "analysis/entities.h"
+#include "analysis/outline.h"
 #include "analysis/passages.h"
 #include "analysis/summary.h"
+#include "analysis/text_language.h"
+#include "analysis/type_group.h"
+#include "content/file_kind.h"
+#include "content/leading_bytes.h"
+#include "platform/regular_file.h"
 #include "text/ascii.h"
 #include "text/file_name.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {
@@ -30,27 +38,67 @@ std::vector<std::string_view> leadingTexts(const std::vector<Passage>& passages)
   return texts;
 }
 
+std::string_view groupOfReader(const FileKind& kind) {
+  struct Reader {
+    std::string_view kind;
+    std::string_view group;
+  };
+  static constexpr std::array<Reader, 6> READERS = {{{"spreadsheet", "Spreadsheets"},
+                                                     {"presentation", "Presentations"},
+                                                     {"html", "Web pages"},
+                                                     {"xml", "Data"},
+                                                     {"mail", "Mail"},
+                                                     {"mailbox", "Mail"}}};
+  if (kind.way == FileKind::Way::image) return "Images";
+  if (kind.kind == "packed") return "Archives";
+  if (kind.way == FileKind::Way::none) return {};
+  const auto* found = std::find_if(READERS.begin(), READERS.end(), [&kind](const Reader& reader) {
+    return reader.kind == kind.kind;
+  });
+  return found == READERS.end() ? "Documents" : found->group;
+}
+
+// By its extension, or where that says nothing by its first bytes.
+std::string groupOf(const std::string& path) {
+  const std::string extension = fileExtension(path);
+  if (const std::string_view group = typeGroup(extension); !group.empty())
+    return std::string(group);
+  const auto file = openRegularFile(path);
+  const std::string bytes = file ? leadingBytes(file->descriptor, TELLING_BYTES) : "";
+  if (bytes.empty()) return {};
+  const std::string_view group = typeGroupOfContent(bytes);
+  return std::string(group.empty() ? groupOfReader(fileKind(extension, bytes)) : group);
+}
+
 }  // namespace
 
 FileAnalysis analyseFile(const std::string& path,
                          const std::optional<SentenceEmbedding>& sentence) {
   FileAnalysis analysis;
-  const auto read = readDocument(path);
+  analysis.group = groupOf(path);
+  const std::string_view name = fileName(path);
+  auto read = readDocument(path);
   if (const auto* failure = std::get_if<ReadFailure>(&read)) {
     analysis.failure = *failure;
   } else {
-    const Document& document = std::get<Document>(read);
-    const std::string text = plainText(document);
-    analysis.method = document.method;
-    analysis.summary = summarize(text);
-    analysis.entities = joined(findEntities(text), "\n");
-    for (std::string& passage : cutPassages(text)) {
-      std::vector<float> vec = vectorOf(sentence, embeddedPassage({}, {}, {}, passage));
-      if (!vec.empty()) analysis.passages.push_back({std::move(passage), std::move(vec)});
+    Document& document = std::get<Document>(read);
+    analysis.method = std::move(document.method);
+    const Outline outline = outlineOf(std::move(document), name);
+    const Language language = languageOf(outline);
+    analysis.title = outline.title;
+    analysis.summary = summarize(outline, name, language);
+    analysis.entities = joined(findEntities(outline, language), "\n");
+    for (QuotablePassage& passage : cutPassages(outline)) {
+      if (!hasLetterOrNumber(passage.text)) continue;
+      std::vector<float> vec =
+          vectorOf(sentence, embeddedPassage(name, outline.title, passage.heading, passage.text));
+      if (vec.empty()) continue;
+      analysis.passages.push_back(
+          {std::move(passage.text), std::move(passage.heading), std::move(vec)});
     }
   }
-  analysis.vec = vectorOf(
-      sentence, embeddedFile(fileName(path), analysis.summary, leadingTexts(analysis.passages)));
+  analysis.vec =
+      vectorOf(sentence, embeddedFile(name, analysis.summary, leadingTexts(analysis.passages)));
   return analysis;
 }
 

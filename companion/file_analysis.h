@@ -11,16 +11,19 @@
 namespace norvast {
 
 struct Passage {
-  std::string text;
+  std::string text;     // as it stands in the file
+  std::string heading;  // nearest above it; part of what its vector is made of
   std::vector<float> vec;
 };
 
 struct FileAnalysis {
   std::optional<ReadFailure> failure;  // why there is no text
+  std::string group;                   // as people speak of it: "Documents", "Mail"; may be empty
+  std::string title;                   // that the file gives itself; empty when it gives none
   std::string summary;
-  std::string entities;    // one a line, most frequent first
-  std::string method;      // by which the text was taken
-  std::vector<float> vec;  // of name, summary and leading text together; empty when there is none
+  std::string entities;           // one a line, most frequent first
+  std::string method;             // by which the text was taken
+  std::vector<float> vec;         // of what embedded_text.h says; empty when there is none
   std::vector<Passage> passages;  // those with a vector: a row of dashes can be found by nobody
 };
 

@@ -36,13 +36,13 @@ constexpr std::array TABLES = {
           "mcp_exposure(path TEXT PRIMARY KEY NOT NULL, allow_content INTEGER NOT NULL) WITHOUT "
           "ROWID"},
     Table{"analysis", Origin::derived,
-          "analysis(path TEXT PRIMARY KEY NOT NULL, summary TEXT, entities TEXT, method TEXT) "
-          "WITHOUT ROWID"},
+          "analysis(path TEXT PRIMARY KEY NOT NULL, summary TEXT, entities TEXT, method TEXT, "
+          "title TEXT) WITHOUT ROWID"},
     Table{"embedding", Origin::derived,
           "embedding(path TEXT PRIMARY KEY NOT NULL, vec BLOB NOT NULL) WITHOUT ROWID"},
     Table{"chunk", Origin::derived,
           "chunk(path TEXT NOT NULL, ord INTEGER NOT NULL, text TEXT NOT NULL, vec BLOB NOT NULL, "
-          "PRIMARY KEY(path, ord))"},
+          "heading TEXT NOT NULL, PRIMARY KEY(path, ord))"},
     // Why a file has no text, and the version of the reader that found so.
     Table{"failure", Origin::derived,
           "failure(path TEXT PRIMARY KEY NOT NULL, reason TEXT NOT NULL, reader INTEGER NOT NULL) "

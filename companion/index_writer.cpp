@@ -3,7 +3,6 @@
 #include <span>
 #include <vector>
 
-#include "analysis/type_group.h"
 #include "companion/failures.h"
 #include "text/file_name.h"
 
@@ -31,9 +30,10 @@ IndexWriter::IndexWriter(const Connection& index)
     : insertFile_(index,
                   "INSERT OR REPLACE INTO file(path,name,ext,grp,size,modified,nanoseconds) "
                   "VALUES(?,?,?,?,?,?,?)"),
-      insertAnalysis_(index, "INSERT INTO analysis(path,summary,entities,method) VALUES(?,?,?,?)"),
+      insertAnalysis_(index,
+                      "INSERT INTO analysis(path,summary,entities,method,title) VALUES(?,?,?,?,?)"),
       insertEmbedding_(index, "INSERT INTO embedding(path,vec) VALUES(?,?)"),
-      insertChunk_(index, "INSERT INTO chunk(path,ord,text,vec) VALUES(?,?,?,?)"),
+      insertChunk_(index, "INSERT INTO chunk(path,ord,text,vec,heading) VALUES(?,?,?,?,?)"),
       insertFailure_(index, "INSERT INTO failure(path,reason,reader) VALUES(?,?,?)"),
       deleteAnalysis_(index, "DELETE FROM analysis WHERE path = ?"),
       deleteEmbedding_(index, "DELETE FROM embedding WHERE path = ?"),
@@ -45,11 +45,10 @@ IndexWriter::IndexWriter(const Connection& index)
 bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis) {
   if (!clearDescription(file.path)) return false;
 
-  const std::string extension = fileExtension(file.path);
   insertFile_.bind(1, file.path);
   insertFile_.bind(2, std::string(fileName(file.path)));
-  insertFile_.bind(3, extension);
-  insertFile_.bind(4, std::string(typeGroup(extension)));
+  insertFile_.bind(3, fileExtension(file.path));
+  insertFile_.bind(4, analysis.group);
   insertFile_.bind(5, file.sizeBytes);
   insertFile_.bind(6, file.modified);
   insertFile_.bind(7, file.nanoseconds);
@@ -66,6 +65,7 @@ bool IndexWriter::replace(const ScannedFile& file, const FileAnalysis& analysis)
   insertAnalysis_.bind(2, analysis.summary);
   insertAnalysis_.bind(3, analysis.entities);
   insertAnalysis_.bind(4, analysis.method);
+  insertAnalysis_.bind(5, analysis.title);
   return runOnce(insertAnalysis_) && insertChunks(file.path, analysis);
 }
 
@@ -76,6 +76,7 @@ bool IndexWriter::insertChunks(const std::string& path, const FileAnalysis& anal
     insertChunk_.bind(2, ord++);
     insertChunk_.bind(3, passage.text);
     insertChunk_.bind(4, blobOf(passage.vec));
+    insertChunk_.bind(5, passage.heading);
     if (!runOnce(insertChunk_)) return false;
   }
   return true;

@@ -38,8 +38,8 @@ class EmbeddingAgain {
       : index_(index),
         sentence_(sentence),
         files_(index, "SELECT path, name FROM file WHERE path > ? ORDER BY path LIMIT ?"),
-        summary_(index, "SELECT summary FROM analysis WHERE path = ?"),
-        passages_(index, "SELECT ord, text FROM chunk WHERE path = ? ORDER BY ord"),
+        summary_(index, "SELECT summary, title FROM analysis WHERE path = ?"),
+        passages_(index, "SELECT ord, text, heading FROM chunk WHERE path = ? ORDER BY ord"),
         updateFile_(index, "UPDATE embedding SET vec = ? WHERE path = ?"),
         updatePassage_(index, "UPDATE chunk SET vec = ? WHERE path = ? AND ord = ?") {}
 
@@ -92,7 +92,9 @@ class EmbeddingAgain {
 
   bool embedFile(const StoredFile& file, std::uint64_t& passages) {
     summary_.bind(1, file.path);
-    const std::string summary = summary_.step() ? summary_.text(0) : "";
+    const bool hasSummary = summary_.step();
+    const std::string summary = hasSummary ? summary_.text(0) : "";
+    const std::string title = hasSummary ? summary_.text(1) : "";
     summary_.reset();
 
     std::vector<std::string> leading;
@@ -101,7 +103,8 @@ class EmbeddingAgain {
     while (isWritten && passages_.step()) {
       std::string text = passages_.text(1);
       updatePassage_.bind(3, passages_.integer(0));
-      isWritten = update(updatePassage_, file.path, embeddedPassage({}, {}, {}, text));
+      isWritten = update(updatePassage_, file.path,
+                         embeddedPassage(file.name, title, passages_.text(2), text));
       if (leading.size() < LEADING_PASSAGES) leading.push_back(std::move(text));
       ++passages;
     }

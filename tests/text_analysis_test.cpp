@@ -4,43 +4,121 @@
 #include <string>
 #include <vector>
 
+#include "analysis/embedded_text.h"
 #include "analysis/entities.h"
+#include "analysis/outline.h"
 #include "analysis/passages.h"
 #include "analysis/summary.h"
+#include "analysis/text_language.h"
+#include "analysis/type_group.h"
 #include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
+using Kind = DocumentBlock::Kind;
 using Texts = std::vector<std::string>;
+
+Outline outlineOfText(const std::string& text, const std::string& name = "a.txt") {
+  return outlineOf({"text", "", "", {{Kind::paragraph, text}}}, name);
+}
+
+std::string summaryOf(const Document& document, const std::string& name) {
+  const Outline outline = outlineOf(document, name);
+  return summarize(outline, name, languageOf(outline));
+}
+
+std::string summaryOf(const std::string& text, const std::string& name = "a.txt") {
+  return summaryOf({"text", "", "", {{Kind::paragraph, text}}}, name);
+}
+
+Texts entitiesIn(const std::string& text) {
+  const Outline outline = outlineOfText(text);
+  return findEntities(outline, languageOf(outline));
+}
+
+Texts passagesOf(const std::string& text) {
+  Texts texts;
+  for (QuotablePassage& passage : cutPassages(outlineOfText(text))) texts.push_back(passage.text);
+  return texts;
+}
 
 TEST(Summary, IsTheSentencesWithTheTextsOwnWords) {
   const std::string text =
       "# Notes\n\nThe weather was fine on that day. The pump of the garden association is broken,\n"
       "and the garden needs a new pump.\n\n- A new garden pump costs 400 euros!\n\nIrrelevant "
-      "aside "
-      "without any end";
-  const std::string summary = summarize(text);
+      "aside without any end";
   EXPECT_EQ(
-      summary,
-      "The weather was fine on that day. The pump of the garden association is broken, and the "
-      "garden needs a new pump. A new garden pump costs 400 euros!");
+      summaryOf(text),
+      "Notes: The weather was fine on that day. The pump of the garden association is broken, and "
+      "the garden needs a new pump. A new garden pump costs 400 euros!");
 
   std::string longer;
   for (int number = 0; number < 500; ++number) {
     longer += "Sentence number " + std::to_string(number) + " speaks of harvest and compost. ";
   }
-  EXPECT_LE(countClusters(summarize(longer)), LONGEST_SUMMARY_CLUSTERS);
-  EXPECT_TRUE(summarize(longer).ends_with("compost."));
+  EXPECT_LE(countClusters(summaryOf(longer)), LONGEST_SUMMARY_CLUSTERS);
+  EXPECT_TRUE(summaryOf(longer).ends_with("compost."));
+}
+
+TEST(Summary, BeginsWithWhatTheTextIs) {
+  const std::string gist = "Salmon with a crisp skin takes ten minutes in the pan.";
+  const struct {
+    Document document;
+    const char* name;
+    std::string summary;
+  } rows[] = {
+      {{"", "Pan-seared salmon", "", {{Kind::aside, "Home News."}, {Kind::paragraph, gist}}},
+       "a.html",
+       "Pan-seared salmon: " + gist},
+      {{"", "untitled", "", {{Kind::heading, "Salmon at home"}, {Kind::paragraph, gist}}},
+       "a.docx",
+       "Salmon at home: " + gist},
+      {{"", "final v2.docx", "", {{Kind::paragraph, gist}}}, "a.pdf", "final v2.docx: " + gist},
+      {{"", "final-v2.docx", "", {{Kind::paragraph, gist}}}, "a.pdf", gist},
+      {{"",
+        "Re: AW: Dinner",
+        "\"Maria Keller\" <m@example.org>",
+        {{Kind::detail, "To: x"},
+         {Kind::paragraph, "Copyright 2020 by the whole kitchen crew."},
+         {Kind::paragraph, gist},
+         {Kind::paragraph, "> The kitchen asked about dinner and fish."}}},
+       "a.eml",
+       "Dinner (Maria Keller): " + gist},
+      {{"",
+        "",
+        "",
+        {{Kind::part, "Costs"}, {Kind::tableRow, "Item\tEuro"}, {Kind::tableRow, "Fish\t9"}}},
+       "a.xlsx",
+       "Costs: Item, Euro; Fish, 9"},
+      {{"", "", "", {{Kind::paragraph, "Salmon\n======\n\n" + gist}}}, "a.rst", "Salmon: " + gist},
+      {{"",
+        "",
+        "",
+        {{Kind::paragraph,
+          "---\na: b\n---\n# Fish\n**Salmon** with a [crisp](x) skin takes "
+          "ten `minutes` in the pan.<br>\n```\nNo code is told here.\n```"}}},
+       "a.md",
+       "Fish: " + gist},
+      {{"", "", "", {{Kind::paragraph, "import fish\n\n# " + gist + "\n"}}}, "a.py", gist},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(summaryOf(row.document, row.name), row.summary) << row.name;
+}
+
+TEST(Summary, KnowsTheAbbreviationsOfTheLanguage) {
+  const std::string german =
+      "Die Pumpe des Vereins kostet ca. Fr. 400 und wird von Dr. Keller bis zum Abend repariert.";
+  EXPECT_EQ(summaryOf(german), german);
 }
 
 TEST(Summary, OfATextWithoutSentencesIsItsFirstLines) {
-  EXPECT_EQ(summarize("time,bed\n\n1,A\n"), "time,bed 1,A");
-  EXPECT_EQ(summarize(" \n\t\n"), "");
-  EXPECT_EQ(summarize(""), "");
+  EXPECT_EQ(summaryOf("time,bed\n\n1,A\n"), "time,bed 1,A");
+  EXPECT_EQ(summaryOf(" \n\t\n"), "");
+  EXPECT_EQ(summaryOf(""), "");
   std::string clusters;
   for (int number = 0; number < 1000; ++number) clusters += "e\u0301";
-  EXPECT_EQ(countClusters(summarize(clusters)), LONGEST_SUMMARY_CLUSTERS);
+  EXPECT_EQ(countClusters(summaryOf(clusters)), LONGEST_SUMMARY_CLUSTERS);
 }
 
 TEST(Entities, AreFoundByPlainRules) {
@@ -60,14 +138,28 @@ TEST(Entities, AreFoundByPlainRules) {
       {"std::vector<Foo Bar> x = New Thing();\nid,First Name,Last Name,a,b,c,d", {}},
       {"1.2.3 and 99/99 and 3.14.15", {}},
       {"café René Dupont, cafe\u0301 Rene\u0301 Dupont", {"René Dupont"}},
+      {"See [home](https://example.org/a_(b)), <a href=\"http://x.org\">x</a> and "
+       "https://a\"b.org.",
+       {"https://example.org/a_(b)", "http://x.org"}},
+      {"a@b, @example.org, a..b@example.org, http://localhost, www.a", {}},
+      {"Installieren Sie die Pumpe. Die Pumpe Nummer drei kauft Maria Keller in Zürich am 3. Mai "
+       "2026. Grafische Oberflächen sind nicht das Ziel des Vereins.",
+       {"Maria Keller", "Zürich", "3 Mai 2026"}},
+      {"Nous avons vu Maria Keller à Paris le 3 mai 2026. L'usage est libre, et c'est une bonne "
+       "chose pour l'Europe, à l'Europe et de l'Europe.",
+       {"Europe", "Maria Keller", "Paris", "3 mai 2026"}},
+      {"El proyecto es de Ana María López de Madrid, en Sevilla, y nació el 3 de mayo de 2026.",
+       {"Ana María López de Madrid", "Sevilla", "3 de mayo de 2026"}},
+      {"Il progetto è nato a Roma con Maria Rossi. Non è stato facile per la società.",
+       {"Roma", "Maria Rossi"}},
       {"", {}},
   };
-  for (const auto& row : rows) EXPECT_EQ(findEntities(row.text), row.entities) << row.text;
+  for (const auto& row : rows) EXPECT_EQ(entitiesIn(row.text), row.entities) << row.text;
 
   std::string many;
   for (char letter = 'a'; letter <= 'z'; ++letter)
     many += "mail " + std::string(2, letter) + "@x.org, ";
-  EXPECT_EQ(findEntities(many).size(), MOST_ENTITIES);
+  EXPECT_EQ(entitiesIn(many).size(), MOST_ENTITIES);
 }
 
 TEST(Passages, CoverTheTextAndEndWhereTheyCan) {
@@ -77,15 +169,15 @@ TEST(Passages, CoverTheTextAndEndWhereTheyCan) {
     for (int count = 0; count < 10; ++count) paragraphs += sentence;
     paragraphs += "\n\n";
   }
-  for (const std::string& passage : cutPassages(paragraphs)) EXPECT_EQ(passage.size(), 449U);
+  for (const std::string& passage : passagesOf(paragraphs)) EXPECT_EQ(passage.size(), 449U);
 
   std::string oneParagraph;
   for (int count = 0; count < 100; ++count) oneParagraph += sentence;
-  for (const std::string& passage : cutPassages(oneParagraph))
+  for (const std::string& passage : passagesOf(oneParagraph))
     EXPECT_TRUE(passage.ends_with("dog."));
 
-  EXPECT_EQ(cutPassages(" \n "), Texts());
-  EXPECT_EQ(cutPassages(" short \n"), Texts{"short"});
+  EXPECT_EQ(passagesOf(" \n "), Texts());
+  EXPECT_EQ(passagesOf(" short \n"), Texts{"short"});
 }
 
 TEST(Passages, NeverCutACharacterAndLoseNothing) {
@@ -97,7 +189,7 @@ TEST(Passages, NeverCutACharacterAndLoseNothing) {
        {families, accents, std::string(1'000'000, 'x'), std::string(5000, '\xC3'),
         "\u0301" + std::string(100'000, '\n') + "y"}) {
     std::string together;
-    for (const std::string& passage : cutPassages(text)) {
+    for (const std::string& passage : passagesOf(text)) {
       EXPECT_LE(countClusters(passage), 600U);
       EXPECT_FALSE(passage.empty());
       together += passage;
@@ -108,8 +200,69 @@ TEST(Passages, NeverCutACharacterAndLoseNothing) {
     };
     EXPECT_EQ(bare(together), bare(text));
   }
-  for (const std::string& passage : cutPassages(families))
+  for (const std::string& passage : passagesOf(families))
     EXPECT_EQ(countClusters(passage) % 300, 0U);
+}
+
+TEST(Passages, KnowTheirHeadingAndStandOnce) {
+  std::string filler;
+  for (int number = 0; number < 9; ++number)
+    filler += "Filler " + std::to_string(number) + " fills. ";
+  const std::string copy(590, 'x');
+  const Document document{"",
+                          "",
+                          "",
+                          {{Kind::part, "One"},
+                           {Kind::heading, "Pumps"},
+                           {Kind::paragraph, filler + filler + filler},
+                           {Kind::heading, "Hoses"},
+                           {Kind::paragraph, filler + filler + filler},
+                           {Kind::part, "Two"},
+                           {Kind::paragraph, copy},
+                           {Kind::paragraph, copy}}};
+  Texts found;
+  for (const QuotablePassage& passage : cutPassages(outlineOf(document, "a.docx"))) {
+    found.push_back(passage.heading + "|" + passage.text.substr(0, 10));
+  }
+  EXPECT_EQ(found, Texts({"One: Pumps|One\n\nPumps", "One: Hoses|Hoses\n\nFil", "Two|Two",
+                          "Two|xxxxxxxxxx"}));
+}
+
+TEST(Passages, OfTablesOfValuesAreBounded) {
+  const auto lines = [](const std::string& start, const std::string& end) {
+    std::string text;
+    for (int number = 1000; number < 9000; ++number) text += start + std::to_string(number) + end;
+    return text;
+  };
+  for (const std::string& values :
+       {lines("Maria Keller,", ",Zürich,\n"),
+        lines("2026-05-14 10:00:00 pump[", "]: started again\n"), lines("12.5 7 ", " bar\n")}) {
+    EXPECT_EQ(passagesOf(values).size(), 20U) << values.substr(0, 40);
+  }
+  EXPECT_GT(passagesOf(lines("The pump of garden ", " works.\n")).size(), 100U);
+}
+
+TEST(EmbeddedText, SaysWhereAPassageStandsOnce) {
+  EXPECT_EQ(embeddedPassage("a.txt", "Pumps", "Hoses", "Text."), "a.txt\nPumps\nHoses\nText.");
+  EXPECT_EQ(embeddedPassage("a.txt", "Pumps", "Pumps", "Pumps\n\nText."), "a.txt\nPumps\n\nText.");
+  EXPECT_EQ(embeddedFile("a", "Sum.", {"One", std::string(3000, 'x')}),
+            "a\nSum.\nOne\n" + std::string(1996, 'x'));
+}
+
+TEST(TypeGroup, ComesFromTheSuffixElseFromTheContent) {
+  EXPECT_EQ(typeGroup("eml"), "Mail");
+  EXPECT_EQ(typeGroup("html"), "Web pages");
+  EXPECT_EQ(typeGroup("pptx"), "Presentations");
+  EXPECT_EQ(typeGroup("mail "), "");
+  const struct {
+    std::string bytes;
+    const char* group;
+  } rows[] = {{std::string("\0\0\0 ftypisom", 12), "Video"},
+              {std::string("\0\0\0 ftypM4A ", 12), "Audio"},
+              {"#!/bin/sh", "Code"},
+              {"Zürich", ""},
+              {"", ""}};
+  for (const auto& row : rows) EXPECT_EQ(typeGroupOfContent(row.bytes), row.group) << row.bytes;
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <unicode/utext.h>
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 
 #include "text/ascii.h"
@@ -16,22 +18,26 @@ struct CloseText {
   void operator()(UText* text) const { utext_close(text); }
 };
 
-// One iterator serves all: making one takes longer than cutting most texts.
-icu::BreakIterator* sentenceBoundaries() {
-  UErrorCode status = U_ZERO_ERROR;
-  static const std::unique_ptr<icu::BreakIterator> BOUNDARIES(
-      icu::BreakIterator::createSentenceInstance(icu::Locale::getEnglish(), status));
-  return BOUNDARIES.get();
+// One iterator serves all texts of a language: making one takes longer than cutting most texts.
+icu::BreakIterator* sentenceBoundaries(const std::string& language) {
+  static std::map<std::string, std::unique_ptr<icu::BreakIterator>, std::less<>> known;
+  auto& boundaries = known[language];
+  if (boundaries == nullptr) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale((language + "@ss=standard").c_str());
+    boundaries.reset(icu::BreakIterator::createSentenceInstance(locale, status));
+  }
+  return boundaries.get();
 }
 
 }  // namespace
 
-std::vector<std::string_view> sentencesOf(std::string_view text) {
+std::vector<std::string_view> sentencesOf(std::string_view text, const std::string& language) {
   std::vector<std::string_view> sentences;
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UText, CloseText> source(
       utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status));
-  icu::BreakIterator* boundaries = sentenceBoundaries();
+  icu::BreakIterator* boundaries = sentenceBoundaries(language);
   if (boundaries == nullptr || U_FAILURE(status) != 0) return sentences;
   boundaries->setText(source.get(), status);
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+#include "text/ascii.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -183,6 +184,7 @@ std::string canonicalForm(std::string_view text) {
 
 std::string lowerCase(std::string_view text) {
   std::string lower;
+  if (isAscii(text)) return asciiLowerCase(text);
   return utf16(text).toLower(icu::Locale::getRoot()).toUTF8String(lower);
 }
 
@@ -213,6 +215,17 @@ bool isLetterOrNumber(std::string_view cluster) {
   const UChar32 first = firstScalar(cluster);
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
+}
+
+bool hasLetterOrNumber(std::string_view text) {
+  bool isFound = false;
+  std::size_t start = 0;
+  walk(text, [&](std::size_t end) {
+    isFound = isLetterOrNumber(text.substr(start, end - start));
+    start = end;
+    return !isFound;
+  });
+  return isFound;
 }
 
 LetterCase letterCaseOf(std::string_view cluster) {

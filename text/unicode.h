@@ -34,6 +34,9 @@ std::string foldDiacritics(std::string_view text);
 // a Numeric_Type). UAX #44.
 bool isLetterOrNumber(std::string_view cluster);
 
+// Whether any cluster of the text begins with one.
+bool hasLetterOrNumber(std::string_view text);
+
 // The case of a cluster's first scalar.
 enum class LetterCase { none, capital, small };
 LetterCase letterCaseOf(std::string_view cluster);

@@ -1,6 +1,7 @@
-// Text blocks: a text cut where its author cut it, before any sentence is looked for.
+// Lines: the lines of a text, and the words between their blanks.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,12 +17,14 @@ constexpr bool isBlank(char character) {
 // The runs of other characters between the blanks of a line.
 std::vector<std::string_view> wordsBetweenBlanks(std::string_view line);
 
-// The lines of a text, without their line ends.
+// The lines of a text, without their line ends and the blanks around them.
 std::vector<std::string_view> linesOf(std::string_view text);
 
-// Paragraphs, headings and list items, in order: lines that follow each other are one block, joined
-// by blanks, with white space collapsed; a blank line ends it, and a line with a mark of its own
-// (#, -, *, >, |, 1.) begins a new one and loses the mark.
-std::vector<std::string> blocksOf(std::string_view text);
+// What a mark of its own (#, -, *, >, |, //, 1.) takes at the beginning of a trimmed line, the
+// blanks behind it included; all of a line that is only ruled. 0 when it has none.
+std::size_t markLength(std::string_view line);
+
+// The lines of a text on one line: without their marks, joined by blanks, white space collapsed.
+std::string onOneLine(std::string_view text);
 
 }  // namespace norvast

@@ -1,0 +1,170 @@
+#include "analysis/summary_sentences.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "analysis/lines.h"
+#include "analysis/prose_text.h"
+#include "analysis/text_language.h"
+#include "text/ascii.h"
+#include "text/content_terms.h"
+#include "text/sentences.h"
+#include "text/unicode.h"
+
+namespace norvast {
+namespace {
+
+constexpr std::size_t SHORTEST_CLUSTERS = 20;
+constexpr std::size_t LONGEST_CLUSTERS = 300;
+constexpr std::size_t FEWEST_TERMS = 3;
+
+// In lower case; what holds one of them is about the file and not of its subject.
+constexpr std::array<std::string_view, 36> NOTICES = {"copyright",
+                                                      "©",
+                                                      "(c) 1",
+                                                      "(c) 2",
+                                                      "all rights reserved",
+                                                      "under the terms of",
+                                                      "permission is granted",
+                                                      "permission is hereby",
+                                                      "without any warranty",
+                                                      "without warranty",
+                                                      "warranties",
+                                                      "general public license",
+                                                      "free documentation license",
+                                                      "creative commons",
+                                                      "licensed under",
+                                                      "this file is part of",
+                                                      "unsubscribe",
+                                                      "cookies",
+                                                      "javascript",
+                                                      "view this email in",
+                                                      "sent from my",
+                                                      "mailing list",
+                                                      "this page was last",
+                                                      "cc by-sa",
+                                                      "alle rechte vorbehalten",
+                                                      "unter den bedingungen der",
+                                                      "lizenz veröffentlicht",
+                                                      "tous droits réservés",
+                                                      "selon les termes de",
+                                                      "licence publique",
+                                                      "todos los derechos reservados",
+                                                      "bajo los términos de",
+                                                      "tutti i diritti riservati",
+                                                      "secondo i termini della",
+                                                      "gesendet von meinem",
+                                                      "envoyé de mon"};
+
+bool isNotice(std::string_view sentence) {
+  const std::string lower = lowerCase(sentence);
+  return std::any_of(NOTICES.begin(), NOTICES.end(), [&lower](std::string_view notice) {
+    return lower.find(notice) != std::string::npos;
+  });
+}
+
+// In lower case; a sentence that begins with one of them leans on the one before it.
+constexpr std::array<std::string_view, 48> LEANING_STARTS = {
+    "this ",       "these ",  "that ",     "those ", "it ",     "they ", "such ",   "but ",
+    "and ",        "however", "therefore", "thus",   "so ",     "then ", "also",    "for example",
+    "for details", "see ",    "he ",       "she ",   "note ",   "if ",   "dies",    "das ",
+    "es ",         "sie ",    "daher",     "jedoch", "aber ",   "und ",  "siehe ",  "wenn ",
+    "ce ",         "cette ",  "ces ",      "cela ",  "il ",     "elle ", "mais ",   "voir ",
+    "esto ",       "este ",   "pero ",     "véase ", "questo ", "ma ",   "vedere ", "quindi "};
+
+// What refers to a place in the text.
+constexpr std::array<std::string_view, 22> REFERENCES = {
+    "following",         "follows",  " below",    " above",         "see section", "refer to",
+    "table of contents", "folgende", "siehe ",    "unten",          "suivant",     "ci-dessous",
+    "ci-dessus",         " voir ",   "siguiente", "a continuación", "véase",       "seguent",
+    "di seguito",        "vedere ",  "download ", "click "};
+
+double weightOf(std::string_view sentence) {
+  const std::string lower = lowerCase(sentence);
+  const auto begins = [&lower](std::string_view start) { return lower.starts_with(start); };
+  const auto holds = [&lower](std::string_view part) {
+    return lower.find(part) != std::string::npos;
+  };
+  double weight = lower.ends_with("?") ? 0.5 : 1;
+  if (std::any_of(LEANING_STARTS.begin(), LEANING_STARTS.end(), begins)) weight *= 0.6;
+  if (std::any_of(REFERENCES.begin(), REFERENCES.end(), holds)) weight *= 0.6;
+  return weight;
+}
+
+bool endsAsSentence(std::string_view sentence) {
+  for (bool isCut = true; isCut;) {
+    isCut = false;
+    for (const std::string_view close : {"\"", ")", "”", "“", "»", "«", "’", "'", " "}) {
+      if (!sentence.ends_with(close)) continue;
+      sentence.remove_suffix(close.size());
+      isCut = true;
+    }
+  }
+  for (const std::string_view end : {".", "!", "?", "…", "。", "！", "？"}) {
+    if (sentence.ends_with(end)) return !sentence.ends_with("...");
+  }
+  return false;
+}
+
+// Letters for the most part, with no signs of a program, and not the rest of a sentence that began
+// above an inserted line.
+bool readsAsProse(std::string_view sentence) {
+  const auto isSign = [](char character) {
+    return static_cast<unsigned char>(character) < 0x80 && character > ' ' &&
+           !isAsciiDigit(character) &&
+           !(asciiLowerCase(character) >= 'a' && asciiLowerCase(character) <= 'z');
+  };
+  const auto signs = std::count_if(sentence.begin(), sentence.end(), isSign);
+  const auto digits = std::count_if(sentence.begin(), sentence.end(), isAsciiDigit);
+  const auto size = static_cast<std::ptrdiff_t>(sentence.size());
+  return signs * 10 <= size && digits * 5 <= size &&
+         sentence.find_first_of("{}=\\|") == std::string_view::npos &&
+         sentence.find("://") == std::string_view::npos &&
+         letterCaseOf(sentence) != LetterCase::small;
+}
+
+std::vector<std::string> termsOf(std::string_view sentence, Language language) {
+  std::vector<std::string> terms = contentTerms(sentence);
+  std::erase_if(terms,
+                [language](const std::string& term) { return isFunctionWordIn(term, language); });
+  return terms;
+}
+
+bool isQuoted(std::string_view stretch) { return trimmed(stretch).starts_with('>'); }
+
+// What a mail program puts before the signature.
+bool beginsSignature(std::string_view stretch) {
+  return stretch == "--" || stretch == "-- " || stretch.starts_with("-- \n") ||
+         stretch.starts_with("--\n");
+}
+
+}  // namespace
+
+std::vector<SummarySentence> summarySentences(const Outline& outline, Language language,
+                                              std::size_t limitBytes) {
+  std::vector<SummarySentence> sentences;
+  std::vector<SummarySentence> notices;
+  for (const Stretch& stretch : outline.stretches) {
+    if (stretch.start >= limitBytes) break;
+    if (stretch.kind != Stretch::Kind::prose) continue;
+    const std::string_view text = outline.textOf(stretch).substr(0, limitBytes - stretch.start);
+    if (isQuoted(text) || beginsSignature(text)) continue;
+    const std::string prose = proseText(text);
+    for (const std::string_view sentence : sentencesOf(prose, localeOf(language))) {
+      if (!endsAsSentence(sentence) || !readsAsProse(sentence)) continue;
+      const std::size_t clusters = countClusters(sentence);
+      if (clusters < SHORTEST_CLUSTERS || clusters > LONGEST_CLUSTERS) continue;
+      std::vector<std::string> terms = termsOf(sentence, language);
+      if (terms.size() < FEWEST_TERMS) continue;
+      auto& kind = isNotice(sentence) ? notices : sentences;
+      kind.push_back({std::string(sentence), clusters, std::move(terms), weightOf(sentence)});
+    }
+  }
+  if (sentences.empty()) return notices;
+  sentences.front().weight = 1;  // nothing is before it
+  return sentences;
+}
+
+}  // namespace norvast
