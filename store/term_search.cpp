@@ -19,7 +19,12 @@ namespace {
 // Of LIKE, around a term.
 constexpr std::size_t WILDCARDS = 2;
 
-enum Column : int { PATH, NAME, MODIFIED, SUMMARY, ENTITIES };
+// The columns of the reading.
+constexpr int PATH = 0;
+constexpr int NAME = 1;
+constexpr int MODIFIED = 2;
+constexpr int SUMMARY = 3;
+constexpr int ENTITIES = 4;
 
 // A record that is among the best of some terms.
 struct Kept {
@@ -78,7 +83,7 @@ class Search {
   }
 
  private:
-  void offerAll(const Statement& row, Column column) {
+  void offerAll(const Statement& row, int column) {
     const std::string_view text = row.likeText(column);
     found_.clear();
     if (validUtf8Length(text) == text.size()) {
@@ -99,7 +104,7 @@ class Search {
   }
 
   // `best_` has a heap for each term, whose front is the worst of its hits.
-  void offer(const Statement& row, std::uint32_t term, Column foundIn) {
+  void offer(const Statement& row, std::uint32_t term, int foundIn) {
     const bool isByName = foundIn == NAME;
     if (terms_[term].size() + WILDCARDS > mostPatternBytes_) return;  // LIKE refuses it
     std::vector<Hit>& best = best_[term];
