@@ -8,6 +8,7 @@
 #include "content/file_kind.h"
 #include "content/isolated_extraction.h"
 #include "content/leading_bytes.h"
+#include "content/scanned_document.h"
 #include "platform/regular_file.h"
 #include "text/encoding.h"
 #include "text/file_name.h"
@@ -43,7 +44,8 @@ std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
 
 }  // namespace
 
-std::variant<Document, ReadFailure> readDocument(const std::string& path) {
+std::variant<Document, ReadFailure> readDocument(const std::string& path,
+                                                 const ReadingOptions& options) {
   if (access(path.c_str(), R_OK) != 0) {
     return errno == ENOENT ? ReadFailure::gone : ReadFailure::noPermission;
   }
@@ -55,7 +57,7 @@ std::variant<Document, ReadFailure> readDocument(const std::string& path) {
     case FileKind::Way::text:
       return documentOf(plainFileText(*file, std::move(bytes)), "text");
     case FileKind::Way::pdf:
-      return documentOf(isolatedPdfText(*file, READ_CHARACTERS), "PDFKit");
+      return pdfWithScannedPages(*file, READ_CHARACTERS, options.languages);
     case FileKind::Way::image:
       return documentOf(isolatedImageText(*file, READ_CHARACTERS), "Vision OCR");
     case FileKind::Way::document:

@@ -11,10 +11,15 @@
 namespace norvast {
 
 // Rises with every change after which a reader finds more, or other, text in the same file.
-inline constexpr int READER_VERSION = 2;
+inline constexpr int READER_VERSION = 3;
+
+struct ReadingOptions {
+  std::string languages = "eng";  // names of the recogniser's models, joined by "+"
+};
 
 // The document in the regular file at `path`; it has at least one block. Files other than plain
 // text are read by a program of its own that is locked in. Bounded in time and memory.
-std::variant<Document, ReadFailure> readDocument(const std::string& path);
+std::variant<Document, ReadFailure> readDocument(const std::string& path,
+                                                 const ReadingOptions& options = {});
 
 }  // namespace norvast

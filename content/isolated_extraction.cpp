@@ -50,9 +50,12 @@ std::variant<std::string, ReadFailure> isolated(const IsolatedReader& reader,
   return std::move(std::get<std::string>(output));
 }
 
-std::variant<std::string, ReadFailure> isolatedText(const char* program, const RegularFile& file,
+std::variant<std::string, ReadFailure> isolatedText(const char* program,
+                                                    std::vector<std::string> arguments,
+                                                    const RegularFile& file,
                                                     std::size_t limitClusters, Deadline deadline) {
-  auto output = isolated({program, {std::to_string(limitClusters)}}, file, deadline);
+  arguments.push_back(std::to_string(limitClusters));
+  auto output = isolated({program, std::move(arguments)}, file, deadline);
   auto* text = std::get_if<std::string>(&output);
   if (text == nullptr) return output;
   if (text->empty()) return ReadFailure::noText;
@@ -68,13 +71,13 @@ Deadline readingDeadline() { return std::chrono::steady_clock::now() + TIME_TO_R
 std::variant<std::string, ReadFailure> isolatedPdfText(const RegularFile& file,
                                                        std::size_t limitClusters,
                                                        Deadline deadline) {
-  return isolatedText("norvast_extract_pdf", file, limitClusters, deadline);
+  return isolatedText("norvast_extract_pdf", {"text"}, file, limitClusters, deadline);
 }
 
 std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file,
                                                          std::size_t limitClusters,
                                                          Deadline deadline) {
-  return isolatedText("norvast_extract_image", file, limitClusters, deadline);
+  return isolatedText("norvast_extract_image", {}, file, limitClusters, deadline);
 }
 
 std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,

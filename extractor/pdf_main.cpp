@@ -1,7 +1,10 @@
-// norvast_extract_pdf LIMIT: writes to standard output the text of the PDF document on standard
-// input, at most LIMIT characters of it. Exit status 0 means that all of it was written; any other
-// tells why there is none. Started by norvast_mcp and norvast_index, which trust it nothing.
+// norvast_extract_pdf text|document LIMIT: writes to standard output the text of the PDF document
+// on standard input, at most LIMIT characters of it, or what writeDocument makes of it. Exit status
+// 0 means that all of it was written; any other tells why there is none. Started by norvast_mcp and
+// norvast_index, which trust it nothing.
 #include <unistd.h>
+
+#include <string_view>
 
 #include "extractor/extraction_program.h"
 #include "extractor/pdf_text.h"
@@ -9,10 +12,17 @@
 namespace norvast {
 namespace {
 
-Extraction::Read preparePdf() {
+Extraction::Read prepareText() {
   preparePdfText();
   return [](const FileMapping& file, std::size_t limitClusters) {
     return pdfText(file.bytes(), limitClusters);
+  };
+}
+
+Extraction::Read prepareDocument() {
+  preparePdfText();
+  return [](const FileMapping& file, std::size_t limitClusters) {
+    return asExtracted(pdfDocument(file.bytes(), limitClusters));
   };
 }
 
@@ -20,7 +30,10 @@ Extraction::Read preparePdf() {
 }  // namespace norvast
 
 int main(int count, char** arguments) {
-  if (count != 2) return 1;
+  if (count != 3) return 1;
+  const bool isText = arguments[1] == std::string_view("text");
   // The memory goes with the process; taking it apart first would only cost time.
-  _exit(norvast::runExtraction({norvast::preparePdf, norvast::PDF_DATA_FOLDERS}, arguments[1]));
+  _exit(norvast::runExtraction(
+      {isText ? norvast::prepareText : norvast::prepareDocument, norvast::PDF_DATA_FOLDERS},
+      arguments[2]));
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "text/document.h"
 #include "text/read_failure.h"
 
 namespace norvast {
@@ -22,5 +23,9 @@ inline constexpr std::string_view PDF_DATA_FOLDERS[] = {"/usr/share/poppler"};
 // characters and exactly them when it is longer. No page is looked at once that much is known.
 // A reason when the document is broken, asks for a password, or has no text. Writes no message.
 std::variant<std::string, ReadFailure> pdfText(std::string_view bytes, std::size_t limitClusters);
+
+// The same text as the index keeps it: title and author as the document names them, each page as a
+// part "Page 3" with its text, if it has any, as one paragraph behind it.
+std::variant<Document, ReadFailure> pdfDocument(std::string_view bytes, std::size_t limitClusters);
 
 }  // namespace norvast

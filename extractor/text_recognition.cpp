@@ -87,9 +87,9 @@ TextRecognizer::~TextRecognizer() = default;
 TextRecognizer::TextRecognizer(TextRecognizer&&) noexcept = default;
 TextRecognizer& TextRecognizer::operator=(TextRecognizer&&) noexcept = default;
 
-std::optional<TextRecognizer> TextRecognizer::open() {
+std::optional<TextRecognizer> TextRecognizer::open(const char* languages) {
   auto engine = std::make_unique<tesseract::TessBaseAPI>();
-  if (engine->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) != 0) return std::nullopt;
+  if (engine->Init(nullptr, languages, tesseract::OEM_LSTM_ONLY) != 0) return std::nullopt;
   engine->SetPageSegMode(tesseract::PSM_AUTO);
   return TextRecognizer(std::move(engine));
 }

@@ -1,4 +1,4 @@
-// Text recognition: the lines of text in a picture, English, at the recogniser's most careful.
+// Text recognition: the lines of text in a picture, at the recogniser's most careful.
 #pragma once
 
 #include <memory>
@@ -16,9 +16,10 @@ namespace norvast {
 
 class TextRecognizer {
  public:
-  // A recogniser with its model loaded (60 to 90 ms): it opens no file afterwards. Nothing when
-  // the model is not installed.
-  static std::optional<TextRecognizer> open();
+  // A recogniser with its models loaded (60 to 90 ms each): it opens no file afterwards.
+  // `languages` are their names, as "eng", joined by "+"; the first counts most, and those that are
+  // not installed are passed over. Nothing when none is.
+  static std::optional<TextRecognizer> open(const char* languages = "eng");
 
   ~TextRecognizer();
   TextRecognizer(TextRecognizer&&) noexcept;

@@ -29,6 +29,8 @@ void append(std::string& bytes, char letter, std::string_view text) {
 
 }  // namespace
 
+std::string pageName(int number) { return "Page " + std::to_string(number); }
+
 std::string writeDocument(const Document& document) {
   std::string bytes;
   append(bytes, METHOD, document.method);

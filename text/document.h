@@ -33,6 +33,9 @@ struct Document {
   bool operator==(const Document&) const = default;
 };
 
+// The name of a page as a part: "Page 3".
+std::string pageName(int number);
+
 // The document as bytes, for the way out of the program that read it: each field and block as a
 // letter, its text, and U+001E. Control characters that a text may not hold are left out.
 std::string writeDocument(const Document& document);

@@ -1,0 +1,47 @@
+// Scanned documents: pages that are pictures beside pages that have a text.
+// tests/data/pdf/scanned.pdf came out of tiff2pdf, from a picture of 150 dots per inch, and
+// pdfunite.
+#include <gtest/gtest.h>
+
+#include "content/document_reading.h"
+#include "tests/file_bytes.h"
+#include "tests/test_home.h"
+
+namespace norvast {
+namespace {
+
+using Kind = DocumentBlock::Kind;
+
+std::variant<Document, ReadFailure> readPdf(const char* name) {
+  return readDocument(std::string(TEST_DATA "/pdf/") + name);
+}
+
+TEST(ScannedDocument, HasTheTextOfPagesThatArePictures) {
+  const auto read = readPdf("scanned.pdf");
+  ASSERT_TRUE(std::holds_alternative<Document>(read));
+  const Document expected{
+      "PDFKit",
+      "",
+      "",
+      {{Kind::part, "Page 1"},
+       {Kind::paragraph, "First line\nSecond line"},
+       {Kind::part, "Page 2"},
+       {Kind::paragraph, "The harbour ferry\nleaves from pier seven\nevery day at noon"}}};
+  EXPECT_EQ(std::get<Document>(read), expected);
+}
+
+TEST(ScannedDocument, NamesNoSinglePageAndTellsWhyThereIsNone) {
+  const auto single = readPdf("lines.pdf");
+  ASSERT_TRUE(std::holds_alternative<Document>(single));
+  EXPECT_EQ(plainText(std::get<Document>(single)), "First line\nSecond line");
+  for (const auto& [name, reason] : {std::pair("needs-password.pdf", ReadFailure::encrypted),
+                                     std::pair("no-text.pdf", ReadFailure::noText),
+                                     std::pair("no-pages.pdf", ReadFailure::noText)}) {
+    const auto read = readPdf(name);
+    ASSERT_TRUE(std::holds_alternative<ReadFailure>(read)) << name;
+    EXPECT_EQ(std::get<ReadFailure>(read), reason) << name;
+  }
+}
+
+}  // namespace
+}  // namespace norvast
