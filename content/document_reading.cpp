@@ -59,7 +59,9 @@ std::variant<Document, ReadFailure> readDocument(const std::string& path,
     case FileKind::Way::pdf:
       return pdfWithScannedPages(*file, READ_CHARACTERS, options.languages);
     case FileKind::Way::image:
-      return documentOf(isolatedImageText(*file, READ_CHARACTERS), "Vision OCR");
+      return documentOf(
+          isolatedImageText(*file, READ_CHARACTERS, readingDeadline(), options.languages),
+          "Vision OCR");
     case FileKind::Way::document:
       return isolatedDocument(
           {"norvast_extract_document", {std::string(kind.kind), std::to_string(READ_CHARACTERS)}},

@@ -7,6 +7,7 @@
 
 #include "text/document.h"
 #include "text/read_failure.h"
+#include "text/recognition_languages.h"
 
 namespace norvast {
 
@@ -14,7 +15,7 @@ namespace norvast {
 inline constexpr int READER_VERSION = 3;
 
 struct ReadingOptions {
-  std::string languages = "eng";  // names of the recogniser's models, joined by "+"
+  std::string languages = recognitionLanguages();  // those that are not installed are passed over
 };
 
 // The document in the regular file at `path`; it has at least one block. Files other than plain

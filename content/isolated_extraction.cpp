@@ -76,8 +76,9 @@ std::variant<std::string, ReadFailure> isolatedPdfText(const RegularFile& file,
 
 std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file,
                                                          std::size_t limitClusters,
-                                                         Deadline deadline) {
-  return isolatedText("norvast_extract_image", {}, file, limitClusters, deadline);
+                                                         Deadline deadline,
+                                                         const std::string& languages) {
+  return isolatedText("norvast_extract_image", {languages}, file, limitClusters, deadline);
 }
 
 std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,

@@ -23,12 +23,14 @@ Deadline readingDeadline();
 // The first `limitClusters` user-perceived characters of the text of a PDF document, or of what is
 // recognised in an image file, as UTF-8 and never empty; or the reason why there is none. Takes no
 // part of the file into this process; what comes back is not trusted. Bounded in memory.
+// `languages` are names of the recogniser's models, joined by "+".
 std::variant<std::string, ReadFailure> isolatedPdfText(const RegularFile& file,
                                                        std::size_t limitClusters,
                                                        Deadline deadline = readingDeadline());
 std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file,
                                                          std::size_t limitClusters,
-                                                         Deadline deadline = readingDeadline());
+                                                         Deadline deadline = readingDeadline(),
+                                                         const std::string& languages = "eng");
 
 // The document in a file, likewise, as the installed `program` reads it when it is started with
 // `arguments`.

@@ -34,9 +34,9 @@ Extracted readImage(TextRecognizer& recognizer, FileMapping file, std::size_t li
 
 }  // namespace
 
-Extraction::Read prepareImageExtraction() {
+Extraction::Read prepareImageExtraction(const char* languages) {
   prepareImageDecoding();
-  auto opened = TextRecognizer::open();
+  auto opened = TextRecognizer::open(languages);
   if (!opened) return {};
   const auto recognizer = std::make_shared<TextRecognizer>(std::move(*opened));
   return [recognizer](FileMapping file, std::size_t limitClusters) {

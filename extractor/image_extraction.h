@@ -5,8 +5,8 @@
 
 namespace norvast {
 
-// Loads the recogniser's model for English and what decoding needs. The reading gives the
-// recognised lines joined by single blanks.
-Extraction::Read prepareImageExtraction();
+// Loads the recogniser's models of these names, as in TextRecognizer::open, and what decoding
+// needs. The reading gives the recognised lines joined by single blanks.
+Extraction::Read prepareImageExtraction(const char* languages);
 
 }  // namespace norvast

@@ -43,5 +43,22 @@ TEST(ScannedDocument, NamesNoSinglePageAndTellsWhyThereIsNone) {
   }
 }
 
+TEST(RecognitionLanguages, AreTheLocalesAndEnglish) {
+  const struct {
+    const char* locale;
+    const char* languages;
+  } rows[] = {{"de_CH.UTF-8", "deu+eng"},
+              {"fr", "fra+eng"},
+              {"zh_TW.UTF-8", "chi_tra+eng"},
+              {"en_GB.UTF-8", "eng"},
+              {"sr_RS@latin", "srp+eng"},
+              {"C.UTF-8", "eng"},
+              {"POSIX", "eng"},
+              {"", "eng"},
+              {"../../x", "eng"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(recognitionLanguages(row.locale), row.languages) << row.locale;
+}
+
 }  // namespace
 }  // namespace norvast
