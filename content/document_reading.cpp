@@ -42,6 +42,12 @@ std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
   return document;
 }
 
+IsolatedReader readerOf(std::string_view kind) {
+  const bool isMail = kind == "mail" || kind == "mailbox";
+  return {isMail ? "norvast_extract_mail" : "norvast_extract_document",
+          {std::string(kind), std::to_string(READ_CHARACTERS)}};
+}
+
 }  // namespace
 
 std::variant<Document, ReadFailure> readDocument(const std::string& path,
@@ -63,9 +69,7 @@ std::variant<Document, ReadFailure> readDocument(const std::string& path,
           isolatedImageText(*file, READ_CHARACTERS, readingDeadline(), options.languages),
           "Vision OCR");
     case FileKind::Way::document:
-      return isolatedDocument(
-          {"norvast_extract_document", {std::string(kind.kind), std::to_string(READ_CHARACTERS)}},
-          *file);
+      return isolatedDocument(readerOf(kind.kind), *file);
     case FileKind::Way::lies:
       return ReadFailure::decodingFailed;
     case FileKind::Way::none:

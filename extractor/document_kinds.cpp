@@ -5,7 +5,6 @@
 
 #include "extractor/epub_reader.h"
 #include "extractor/html_reader.h"
-#include "extractor/mail_reader.h"
 #include "extractor/notebook_reader.h"
 #include "extractor/opendocument_reader.h"
 #include "extractor/packed_reader.h"
@@ -30,8 +29,6 @@ constexpr DocumentKind KINDS[] = {
     {"xml", readXml, prepareNothing},
     {"rtf", readRtf, prepareNothing},
     {"notebook", readNotebook, prepareNothing},
-    {"mail", readMail, prepareMail},
-    {"mailbox", readMailbox, prepareMail},
     {"packed", readPacked, preparePacked},
 };
 

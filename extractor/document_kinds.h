@@ -1,4 +1,4 @@
-// Document kinds: the reader of each kind of file that norvast_extract_document reads.
+// Document kinds: the reader of each kind of file that is read into a Document.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,11 @@ struct DocumentKind {
   void (*prepare)();
 };
 
-// The kind of that name ("word", "spreadsheet", ...), or nullptr.
+// The kind of that name ("word", "spreadsheet", ...), or nullptr. Mails have a table of their own
+// (mailKind), since their library takes as long to load as all others together.
 const DocumentKind* documentKind(std::string_view name);
+
+// Reads standard input as this kind, by runExtraction; the result is the exit status.
+int runDocumentExtraction(const DocumentKind* kind, std::string_view limit);
 
 }  // namespace norvast

@@ -90,6 +90,7 @@ class HtmlText {
     begin(open.element);
     count(open, 1);
     open_.push_back(open);
+    isTooDeep_ = isTooDeep_ || open_.size() > MOST_HTML_DEPTH;
   }
 
   void end(const xmlChar* tag) {
@@ -117,7 +118,7 @@ class HtmlText {
     }
   }
 
-  bool isTooDeep() const { return open_.size() > MOST_HTML_DEPTH; }
+  bool isTooDeep() const { return isTooDeep_; }
   bool isFull() const { return page_.isFull(); }
 
   ReadDocument take() {
@@ -202,6 +203,7 @@ class HtmlText {
   std::string text_;  // of the paragraph at hand
   std::string title_;
   std::size_t linkBytes_ = 0;  // of it
+  bool isTooDeep_ = false;     // for good: the parser closes what is open when it is stopped
   // How many elements of each sort are open.
   int hidden_ = 0;
   int asides_ = 0;

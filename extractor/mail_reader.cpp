@@ -189,8 +189,6 @@ bool isMail(GMimeMessage* message) {
   return std::count_if(std::begin(HEADERS), std::end(HEADERS), isThere) >= 2;
 }
 
-}  // namespace
-
 void prepareMail() {
   g_mime_init();
   for (const char* encoding : HEADER_ENCODINGS) {
@@ -198,6 +196,8 @@ void prepareMail() {
     (void)g_mime_iconv_open("UTF-8", encoding);
   }
 }
+
+}  // namespace
 
 ReadDocument readMail(std::string_view bytes, std::size_t limitCharacters) {
   const auto parser = parserOf(bytes, GMIME_FORMAT_MESSAGE);
@@ -224,6 +224,13 @@ ReadDocument readMailbox(std::string_view bytes, std::size_t limitCharacters) {
     MailText(document).add(message.get());
   }
   return document.take();
+}
+
+const DocumentKind* mailKind(std::string_view name) {
+  static constexpr DocumentKind MAIL{"mail", readMail, prepareMail};
+  static constexpr DocumentKind MAILBOX{"mailbox", readMailbox, prepareMail};
+  if (name == MAIL.name) return &MAIL;
+  return name == MAILBOX.name ? &MAILBOX : nullptr;
 }
 
 }  // namespace norvast

@@ -4,12 +4,9 @@
 #include <cstddef>
 #include <string_view>
 
-#include "extractor/document_builder.h"
+#include "extractor/document_kinds.h"
 
 namespace norvast {
-
-// Loads what reading needs of the system's files, for a process that gives up opening them.
-void prepareMail();
 
 // The subject as title, the sender as author; From, To, Cc and Date as details; then the text: of
 // forms of one text the plain one, if it says anything; what it quotes of earlier mails, and what
@@ -19,5 +16,8 @@ ReadDocument readMail(std::string_view bytes, std::size_t limitCharacters);
 
 // The same for each mail of a mailbox, which begins a part named by its subject.
 ReadDocument readMailbox(std::string_view bytes, std::size_t limitCharacters);
+
+// The kind of that name, "mail" or "mailbox", or nullptr.
+const DocumentKind* mailKind(std::string_view name);
 
 }  // namespace norvast

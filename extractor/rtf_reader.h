@@ -1,4 +1,5 @@
-// RTF reader: the text of Rich Text Format files.
+// RTF reader: the text of Rich Text Format files. Debian has programs for that, but no library that
+// could read inside the lock.
 #pragma once
 
 #include <cstddef>

@@ -116,7 +116,8 @@ class SheetPart {
   bool isValue_ = false;
 };
 
-void addComments(const ZipPart* part, DocumentBuilder& document) {
+// Adds the text of each element of that name, which holds it in runs.
+void addTexts(const ZipPart* part, std::string_view element, Kind kind, DocumentBuilder& document) {
   if (part == nullptr) return;
   XmlReader xml(part->bytes);
   std::string text;
@@ -127,8 +128,8 @@ void addComments(const ZipPart* part, DocumentBuilder& document) {
       continue;
     }
     if (xml.name() == "t") isText = event == Event::start;
-    if (xml.name() == "comment" && event == Event::end) {
-      document.addLines(Kind::note, std::exchange(text, {}));
+    if (xml.name() == element && event == Event::end) {
+      document.addLines(kind, std::exchange(text, {}));
     }
   }
 }
@@ -155,8 +156,11 @@ ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters
     if (part == nullptr || document.isFull()) continue;
     document.add(Kind::part, sheet.name);
     if (!SheetPart(shared, formats, document).read(*part)) return ReadFailure::decodingFailed;
-    const auto sheetRelationships = relationshipsOf(office.parts, sheet.partName);
-    addComments(findPart(office.parts, targetOfType(sheetRelationships, "comments")), document);
+    const auto beside = relationshipsOf(office.parts, sheet.partName);
+    addTexts(findPart(office.parts, targetOfType(beside, "drawing")), "p", Kind::paragraph,
+             document);
+    addTexts(findPart(office.parts, targetOfType(beside, "comments")), "comment", Kind::note,
+             document);
   }
   return document.take();
 }

@@ -9,7 +9,8 @@
 namespace norvast {
 
 // Sheets in their order, each a part by its name, with its rows: what the cells show, formulas by
-// their last result, dates as 2026-03-01. Empty cells are left out. Comments are notes.
+// their last result, dates as 2026-03-01. Empty cells are left out. Behind them the texts
+// of drawings, and comments as notes.
 ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast

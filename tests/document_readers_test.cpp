@@ -1,0 +1,187 @@
+// Damaged and hostile files of each kind, given to the readers themselves.
+#include <archive.h>
+#include <archive_entry.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <random>
+
+#include "content/file_kind.h"
+#include "extractor/document_kinds.h"
+#include "extractor/mail_reader.h"
+#include "extractor/reading_bounds.h"
+#include "tests/file_bytes.h"
+#include "text/file_name.h"
+
+namespace norvast {
+namespace {
+
+constexpr std::size_t LIMIT = 400'000;
+
+ReadDocument readAs(std::string_view kind, std::string_view bytes) {
+  const DocumentKind* found = documentKind(kind);
+  if (found == nullptr) found = mailKind(kind);
+  if (found == nullptr) throw std::invalid_argument("no such kind");
+  found->prepare();
+  return found->read(bytes, LIMIT);
+}
+
+using Parts = std::map<std::string, std::string>;
+
+// These files in an archive of the form that `setForm` sets.
+std::string packed(const Parts& parts, void (*setForm)(archive*)) {
+  std::string bytes(std::size_t{4} << 20, '\0');
+  std::size_t used = 0;
+  archive* writer = archive_write_new();
+  setForm(writer);
+  archive_write_open_memory(writer, bytes.data(), bytes.size(), &used);
+  for (const auto& [name, content] : parts) {
+    archive_entry* entry = archive_entry_new();
+    archive_entry_set_pathname(entry, name.c_str());
+    archive_entry_set_size(entry, static_cast<la_int64_t>(content.size()));
+    archive_entry_set_filetype(entry, AE_IFREG);
+    archive_write_header(writer, entry);
+    archive_write_data(writer, content.data(), content.size());
+    archive_entry_free(entry);
+  }
+  archive_write_free(writer);
+  bytes.resize(used);
+  return bytes;
+}
+
+std::string zip(const Parts& parts) {
+  return packed(parts, [](archive* writer) { archive_write_set_format_zip(writer); });
+}
+
+std::string gzip(const std::string& bytes) {
+  return packed({{"text", bytes}}, [](archive* writer) {
+    archive_write_set_format_raw(writer);
+    archive_write_add_filter_gzip(writer);
+  });
+}
+
+std::string repeated(std::size_t count, const std::string& text) {
+  std::string all;
+  for (std::size_t index = 0; index < count; ++index) all += text;
+  return all;
+}
+
+const std::string RELATIONSHIPS = R"(<Relationships><Relationship Id="r" Type="x/officeDocument"
+  Target="main.xml"/></Relationships>)";
+
+std::string office(const std::string& main, const Parts& more = {}) {
+  Parts parts = {{"_rels/.rels", RELATIONSHIPS}, {"main.xml", main}};
+  parts.insert(more.begin(), more.end());
+  return zip(parts);
+}
+
+const std::string ENTITIES = R"(<!DOCTYPE d [<!ENTITY a "ha"><!ENTITY b "&a;&a;&a;&a;&a;&a;&a;&a;">
+  <!ENTITY c "&b;&b;&b;&b;&b;&b;&b;&b;"><!ENTITY d "&c;&c;&c;&c;&c;&c;&c;&c;">
+  <!ENTITY e "&d;&d;&d;&d;&d;&d;&d;&d;"><!ENTITY f "&e;&e;&e;&e;&e;&e;&e;&e;">
+  <!ENTITY file SYSTEM "file:///etc/passwd">]>)";
+
+std::string mail(const std::string& rest) {
+  return "From: a@example.org\nSubject: s\nMIME-Version: 1.0\n" + rest;
+}
+
+std::string nestedMail(std::size_t depth) {
+  std::string bytes = mail("");
+  for (std::size_t level = 0; level < depth; ++level) {
+    const std::string boundary = "b" + std::to_string(level);
+    bytes += "Content-Type: multipart/mixed; boundary=" + boundary + "\n\n--" + boundary + "\n";
+  }
+  return bytes + "\ntext\n";
+}
+
+TEST(HostileFile, GivesAReasonInBoundedTime) {
+  const std::string sheet = R"(<workbook xmlns:r="a/relationships"><sheet name="S" r:id="r"/>
+    </workbook>)";
+  const std::string ofSheet = R"(<Relationships><Relationship Id="r" Type="x/worksheet"
+    Target="sheet.xml"/></Relationships>)";
+  const std::string wideRow =
+      "<s><row>" + repeated(100'000, "<c><v>7</v></c>") + "</row><row><c><v>8</v></c></row></s>";
+  const std::string parts = repeated(10'000, "--b\nContent-Type: text/plain\n\nx\n");
+  const struct {
+    const char* what;
+    std::string_view kind;
+    std::string bytes;
+    std::optional<ReadFailure> failure;
+    std::string text;  // when there is no failure
+  } rows[] = {
+      {"blown up 1:1000", "word", office("<d>" + std::string(std::size_t{64} << 20, ' ') + "</d>"),
+       ReadFailure::tooLarge, ""},
+      {"entities in entities", "word", office(ENTITIES + "<d><p><t>&f;!</t></p></d>"),
+       ReadFailure::decodingFailed, ""},
+      {"a stranger's file", "xml", ENTITIES + "<d>before &file; after</d>", {}, "before after"},
+      {"an entity that is itself", "xml", "<!DOCTYPE d [<!ENTITY a \"&a;\">]><d>&a;</d>",
+       ReadFailure::decodingFailed, ""},
+      {"deep XML", "xml", repeated(100'000, "<a>"), ReadFailure::decodingFailed, ""},
+      {"deep HTML", "html", repeated(1'000'000, "<div>"), ReadFailure::tooLarge, ""},
+      {"deep RTF", "rtf", "{\\rtf" + repeated(1'000'000, "{"), ReadFailure::tooLarge, ""},
+      {"a row of 100,000 cells",
+       "spreadsheet",
+       office(sheet, {{"_rels/main.xml.rels", ofSheet}, {"sheet.xml", wideRow}}),
+       {},
+       "S\n\n7" + repeated(MOST_CELLS_A_ROW - 1, "\t7") + "\n\n8"},
+      {"a slide that leads to itself", "presentation",
+       office(R"(<p xmlns:r="a/relationships"><sldId r:id="r"/></p>)",
+              {{"_rels/main.xml.rels", R"(<R><Relationship Id="r" Type="notesSlide"
+                Target="main.xml"/></R>)"}}),
+       ReadFailure::noText, ""},
+      {"a password", "word",
+       "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1" +
+           std::string("E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0", 32),
+       ReadFailure::encrypted, ""},
+      {"another password", "opendocument",
+       zip({{"META-INF/manifest.xml", "<m><encryption-data/></m>"}, {"content.xml", "?"}}),
+       ReadFailure::encrypted, ""},
+      {"10,000 parts",
+       "mail",
+       mail("Content-Type: multipart/mixed; boundary=b\n\n" + parts),
+       {},
+       "x" + repeated(MOST_MAIL_PARTS - 2, "\n\nx")},
+      {"parts in parts", "mail", nestedMail(5'000), {}, ""},
+      {"an encrypted mail", "mail", mail("Content-Type: application/pkcs7-mime\n\nxx\n"),
+       ReadFailure::encrypted, ""},
+      {"a notebook of a wrong shape", "notebook", R"({"cells": [1, {"source": {"a": 1}}]})",
+       ReadFailure::noText, ""},
+      {"a gzip bomb", "packed", gzip(std::string(std::size_t{16} << 20, ' ')),
+       ReadFailure::tooLarge, ""},
+  };
+  for (const auto& row : rows) {
+    const ReadDocument read = readAs(row.kind, row.bytes);
+    const auto* failure = std::get_if<ReadFailure>(&read);
+    EXPECT_EQ(failure == nullptr ? std::nullopt : std::optional(*failure), row.failure) << row.what;
+    EXPECT_EQ(failure == nullptr ? plainText(std::get<Document>(read)) : "", row.text) << row.what;
+  }
+}
+
+// What every document must be, of whatever bytes.
+void expectSound(const ReadDocument& read) {
+  const auto* document = std::get_if<Document>(&read);
+  if (document == nullptr) return;
+  EXPECT_EQ(parseDocument(writeDocument(*document)), *document);
+  EXPECT_LE(plainText(*document).size(), 5 * LIMIT);
+}
+
+TEST(DamagedFile, IsReadSoundlyOrNotAtAll) {
+  constexpr int VARIANTS = 200;
+  std::mt19937 random(1);
+  for (const auto& entry : std::filesystem::directory_iterator(TEST_DATA "/documents")) {
+    if (entry.path().extension() == ".expected") continue;
+    const std::string sample = fileBytes(entry.path());
+    const std::string_view kind = fileKind(pathExtension(entry.path().string()), sample).kind;
+    for (int variant = 0; variant < VARIANTS; ++variant) {
+      std::string bytes = sample;
+      if (variant % 2 == 0) bytes.resize(random() % bytes.size());
+      for (int flips = variant % 5; flips > 0 && !bytes.empty(); --flips) {
+        bytes[random() % bytes.size()] ^= static_cast<char>(1U << random() % 8);
+      }
+      expectSound(readAs(kind, bytes));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace norvast
