@@ -101,11 +101,17 @@ std::vector<std::pair<std::string, double>> weighedWords(std::string_view text) 
   }
 
   std::vector<std::pair<std::string, double>> words = counter.take();
-  FunctionWordCount functionWords;
-  for (const auto& [word, count] : words) functionWords.add(functionWord(word), count);
-  for (auto& [word, weight] : words) {
+  FunctionWordCount count;
+  std::vector<FunctionWord> functionWords;
+  functionWords.reserve(words.size());
+  for (const auto& [word, times] : words) {
+    functionWords.push_back(functionWord(word));
+    count.add(functionWords.back(), times);
+  }
+  for (std::size_t at = 0; at < words.size(); ++at) {
+    double& weight = words[at].second;
     weight = std::sqrt(weight);
-    if (functionWords.holds(functionWord(word))) weight *= FUNCTION_WORD_WEIGHT;
+    if (count.holds(functionWords[at])) weight *= FUNCTION_WORD_WEIGHT;
   }
   return words;
 }

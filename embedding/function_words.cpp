@@ -45,6 +45,7 @@ FunctionWord functionWord(std::string_view word) {
 }
 
 void FunctionWordCount::add(FunctionWord word, double count) {
+  if (word.everywhere == 0) return;
   for (std::size_t language = 0; language < LANGUAGES; ++language) {
     if ((word.everywhere & bit(language)) != 0) counts_[language] += count;
   }
@@ -52,6 +53,7 @@ void FunctionWordCount::add(FunctionWord word, double count) {
 
 bool FunctionWordCount::holds(FunctionWord word) const {
   if (word.everywhere != 0) return true;
+  if (word.inItsTextsAlone == 0) return false;
   for (std::size_t language = 0; language < LANGUAGES; ++language) {
     if ((word.inItsTextsAlone & bit(language)) != 0 && counts_[language] > counts_[0]) return true;
   }

@@ -27,6 +27,17 @@ bool isFinite(const Tensor& tensor) {
   return true;
 }
 
+// Adds the row of a table that begins at that number, times the weight.
+void addRow(const Tensor& rows, std::size_t start, double weight, std::vector<double>& sum) {
+  if (rows.type == NumberType::i8) {  // the common ones without a choice for each number
+    for (std::size_t at = 0; at < sum.size(); ++at) {
+      sum[at] += weight * static_cast<signed char>(rows.bytes[start + at]);
+    }
+  } else {
+    for (std::size_t at = 0; at < sum.size(); ++at) sum[at] += weight * numberAt(rows, start + at);
+  }
+}
+
 std::string objectionToRows(const Tensor* rows) {
   if (rows == nullptr) return "Its model.safetensors holds no table of embeddings.";
   if (rows->type != NumberType::f32 && rows->type != NumberType::f16 &&
@@ -100,7 +111,7 @@ std::optional<std::vector<double>> StaticModel::vector(std::string_view text) co
   for (const std::uint32_t piece : tokenizer_.tokenize(text, MOST_PIECES_OF_A_TEXT)) {
     const double weight = weights_ ? numberAt(*weights_, piece) : 1;
     const std::size_t start = rowOf(piece) * size();
-    for (std::size_t at = 0; at < size(); ++at) sum[at] += weight * numberAt(rows_, start + at);
+    addRow(rows_, start, weight, sum);
   }
   double squares = 0;
   for (const double value : sum) squares += value * value;

@@ -48,9 +48,9 @@ class WordFeatureCache {
   }
 
  private:
-  // A word of common length takes about 500 bytes, so that all take about 2 MB; a run of letters
-  // of any length is taken apart and forgotten.
-  static constexpr std::size_t MOST_WORDS = 4096;
+  // A word of common length takes about 500 bytes, so that all take about 16 MB where an indexer
+  // meets so many; a run of letters of any length is taken apart and forgotten.
+  static constexpr std::size_t MOST_WORDS = 32768;
   static constexpr std::size_t LONGEST_BYTES = 32;
 
   TakenApartWord takeApart(const std::string& word) const {

@@ -113,12 +113,17 @@ std::vector<std::uint32_t> WordPieceTokenizer::tokenize(std::string_view text,
 bool WordPieceTokenizer::appendPieces(const std::string& word,
                                       std::vector<std::uint32_t>& ids) const {
   if (characters(word) > mostCharacters_) return false;
+  if (const auto whole = ids_.find(word); whole != ids_.end()) {
+    ids.push_back(whole->second);
+    return true;
+  }
   std::string candidate;
   for (std::size_t start = 0; start < word.size();) {
     const std::string_view prefix = start == 0 ? std::string_view() : continuation_;
     std::size_t length = std::min(word.size() - start, longestBytes_);
+    candidate.assign(prefix).append(word, start, length);
     for (; length > 0; --length) {
-      candidate.assign(prefix).append(word, start, length);
+      candidate.resize(prefix.size() + length);
       if (const auto found = ids_.find(candidate); found != ids_.end()) {
         ids.push_back(found->second);
         break;
