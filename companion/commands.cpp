@@ -12,6 +12,7 @@
 #include "companion/command_output.h"
 #include "companion/file_view.h"
 #include "companion/index_status.h"
+#include "companion/path_range.h"
 #include "json/json_writer.h"
 #include "platform/folders.h"
 #include "platform/installed_program.h"
