@@ -152,7 +152,8 @@ bool readsAsHeading(const EntityWords& words) {
   }
   const bool isNumbered = !words.empty() && isAsciiDigit(words[0].text.front()) &&
                           words[0].text.find('.') != std::string_view::npos && words.size() < 12;
-  return isNumbered || (capital > 3 && small * 3 < capital);
+  const bool isSentence = !words.empty() && words.back().isClosed;
+  return isNumbered || (!isSentence && capital > 3 && small * 4 < capital);
 }
 
 // A line of the text, or the cell of a table.
