@@ -1,0 +1,245 @@
+// All tools under strain: failing memory, files and locks, damaged indexes, and random worlds in
+// which each secret has a mark of its own. NORVAST_STRAIN=N in the environment runs N times as many
+// cases, NORVAST_SEED=N other ones.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "access/sensitive_path.h"
+#include "json/json_writer.h"
+#include "tests/faulty_sqlite.h"
+#include "tests/file_bytes.h"
+#include "tests/stored_vector.h"
+#include "tests/test_home.h"
+#include "tools/call_tool.h"
+
+namespace norvast {
+namespace {
+
+long environmentNumber(const char* name, long otherwise) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? otherwise : std::strtol(value, nullptr, 10);
+}
+
+long strain() { return environmentNumber("NORVAST_STRAIN", 1); }
+long seed() { return environmentNumber("NORVAST_SEED", 4711); }
+
+// A home whose index this process answers from, as the server does.
+class Library {
+ public:
+  explicit Library(const std::string& sql) {
+    (void)setenv("HOME", home.path().c_str(), 1);
+    home.createIndex(sql);
+  }
+
+  void open() { store_ = MCPStore::open(); }
+  void close() { store_.reset(); }
+
+  // The answer's text behind "ok " or "error ".
+  std::string ask(const std::string& tool, const std::string& text) const {
+    static const auto sentence = SentenceEmbedding::english();
+    const Json::Object arguments{{"path", text}, {"query", text}, {"question", text}};
+    const std::string json = writeJson(arguments, JsonStyle::compact).value();
+    const Json result = callTool(tool, Arguments(JsonText::parse(json)), store_, sentence);
+    const std::string written = writeJson(result, JsonStyle::compact).value();
+    const auto answer = nlohmann::json::parse(written);
+    return (answer["isError"] ? "error " : "ok ") + answer["content"][0]["text"].get<std::string>();
+  }
+
+  const TestHome home;
+
+ private:
+  std::optional<MCPStore> store_;
+};
+
+// Each with its verb in the audit trail.
+constexpr std::pair<const char*, const char*> TOOLS[] = {
+    {"list_files", "list"},          {"search_files", "search"},
+    {"semantic_search", "semantic"}, {"retrieve_passages", "retrieve"},
+    {"get_metadata", "metadata"},    {"get_summary", "summary"},
+    {"list_tags", "tags"},           {"traverse_package", "traverse"},
+    {"read_file_content", "read"},   {"search_library", "library-search"},
+    {"ask_norvast", "ask-norvast"},
+};
+
+std::string gardenFiles() {
+  const std::string vec = sqlTextBlob("garden report");
+  return R"(
+WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40)
+INSERT INTO file SELECT printf('/n/%02d garden', i), printf('%02d garden', i), '', '', i, i FROM n;
+INSERT INTO mcp_exposure SELECT path, 1 FROM file;
+INSERT INTO analysis SELECT path, 'a garden report', 'garden', 'text' FROM file;
+INSERT INTO embedding SELECT path, )" +
+         vec + R"( FROM file;
+INSERT INTO chunk SELECT path, 0, 'a garden passage', )" +
+         vec + " FROM file;";
+}
+
+// What a tool needs as its text to find something.
+std::string wanted(const std::string& tool) {
+  if (tool == "traverse_package") return "/n";
+  return tool.starts_with("get_") || tool == "read_file_content" ? "/n/01 garden" : "garden";
+}
+
+class Strain : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    static const bool once = (makeSqliteFaulty(), true);
+    (void)once;
+  }
+};
+
+TEST_F(Strain, OfFailingMemoryAndFilesEndsWithTheFailure) {
+  const struct {
+    Fault fault;
+    long count;
+    const char* mode;
+  } rows[] = {{Fault::allocation, 1, "DELETE"}, {Fault::allocation, 1, "WAL"},
+              {Fault::read, 1, "DELETE"},       {Fault::read, 1, "WAL"},
+              {Fault::write, 1, "DELETE"},      {Fault::write, 1, "WAL"},
+              {Fault::lock, 1000, "DELETE"},    {Fault::lock, 1000, "WAL"}};
+  Library library(gardenFiles());
+  library.home.writeFile(library.home.norvastFolder() / "mcp.librarymeta", "");
+  long variants = 0;
+  for (const auto& row : rows) {
+    library.close();
+    library.home.execute(std::string("PRAGMA journal_mode=") + row.mode);
+    long stride = std::max(29 / strain(), 1L);
+    for (const auto& [tool, verb] : TOOLS) {
+      library.open();
+      const std::string whole = library.ask(tool, wanted(tool));
+      bool fired = true;
+      for (long first = stride % 5; fired; first += stride, ++variants) {
+        library.open();
+        armFault(row.fault, first, row.count);
+        (void)library.ask(tool, wanted(tool));
+        fired = disarmFault();
+        const std::string after = library.ask(tool, wanted(tool));
+        EXPECT_EQ(after, whole) << tool << " after failure " << first << " of kind "
+                                << static_cast<int>(row.fault) << ", " << row.mode;
+      }
+    }
+  }
+  std::cout << variants << " failures\n";
+}
+
+TEST_F(Strain, OfDamagedIndexesIsAnswered) {
+  Library library(gardenFiles());
+  const std::string index = library.home.database();
+  const std::string whole = fileBytes(index);
+  std::mt19937 random(static_cast<unsigned>(seed()));
+  const auto any = [&random](std::size_t limit) { return random() % limit; };
+  const long variants = 60 * strain();
+  for (long variant = 0; variant < variants; ++variant) {
+    std::string bytes = whole;
+    if (variant % 3 == 0) bytes[any(4096)] ^= static_cast<char>(1 + any(255));
+    for (std::size_t count = any(variant % 3 == 1 ? 200 : 1); count > 0; --count) {
+      bytes[any(bytes.size())] = static_cast<char>(any(256));
+    }
+    if (variant % 3 == 2) bytes.resize(any(bytes.size()));
+    library.close();
+    for (const char* behind : {"-journal", "-wal", "-shm"}) std::filesystem::remove(index + behind);
+    library.home.writeFile(index, bytes);
+    library.open();
+    for (const auto& [tool, verb] : TOOLS) (void)library.ask(tool, wanted(tool));
+  }
+  std::cout << variants << " damaged indexes\n";
+}
+
+// One file of a world, and what of it the rules let through.
+struct WorldFile {
+  std::string path;
+  std::string mark;  // in its name, summary, tag, passage and text, behind a letter for which
+  bool isNominated = false;
+  bool isContentAllowed = false;
+};
+
+bool mayShow(const WorldFile& file, char what, const std::string& tool, bool isLibraryOn) {
+  if (tool == "search_library" || tool == "ask_norvast") {
+    return isLibraryOn && (what == 'n' || what == 's' || what == 't');
+  }
+  if (!file.isNominated) return false;
+  if (tool == "get_metadata" && isSensitive(file.path)) return false;
+  if (what == 'x') {
+    return tool == "read_file_content" && file.isContentAllowed && !isSensitive(file.path);
+  }
+  if (what == 'p') return tool == "retrieve_passages" && file.isContentAllowed;
+  return true;
+}
+
+TEST_F(Strain, OfRandomWorldsShowsNothingThatTheRulesForbid) {
+  std::mt19937 random(static_cast<unsigned>(seed()));
+  const auto any = [&random](std::size_t limit) { return random() % limit; };
+  const std::string vec = sqlTextBlob("garden");
+  long shown = 0;
+  const long worlds = 15 * strain();
+  for (long world = 0; world < worlds; ++world) {
+    Library library("");
+    std::vector<WorldFile> files;
+    std::string sql = "BEGIN;";
+    for (std::size_t count = any(6); files.size() < count;) {
+      const std::string mark = "q" + std::to_string(100000 + any(900000)) + "q";
+      const char* folders[] = {"/docs", "/docs/deep", "/.ssh", "/.config/gcloud", "/100%_'"};
+      const std::string path =
+          library.home.path().string() + folders[any(5)] + "/n" + mark + ".txt";
+      const WorldFile& file = files.emplace_back(WorldFile{path, mark, any(2) == 0, any(2) == 0});
+      library.home.writeFile(path, "garden text x" + mark);
+      std::string quoted = path;
+      for (std::size_t at = quoted.find('\''); at != std::string::npos;
+           at = quoted.find('\'', at + 2)) {
+        quoted.insert(at, 1, '\'');
+      }
+      sql += "INSERT INTO file VALUES('" + quoted + "','n" + mark + ".txt','txt','text',1,1);" +
+             "INSERT INTO analysis VALUES('" + quoted + "','garden s" + mark + "','t" + mark +
+             "','');" + "INSERT INTO embedding VALUES('" + quoted + "'," + vec + ");" +
+             "INSERT INTO chunk VALUES('" + quoted + "',0,'garden p" + mark + "'," + vec + ");";
+      if (!file.isNominated) continue;
+      sql += "INSERT INTO mcp_exposure VALUES('" + quoted + "'," +
+             (file.isContentAllowed ? "1);" : "0);");
+    }
+    library.home.execute(sql + "COMMIT");
+    library.open();
+    std::vector<std::string> verbs;
+    for (int call = 0; call < 12; ++call) {
+      const bool isOff = any(8) == 0;
+      const bool isLibraryOn = any(2) == 0;
+      const auto turn = [&library](const char* switchFile, bool on) {
+        const auto path = library.home.norvastFolder() / switchFile;
+        on ? library.home.writeFile(path, "qqq") : void(std::filesystem::remove(path));
+      };
+      turn("mcp.disabled", isOff);
+      turn("mcp.librarymeta", isLibraryOn);
+      const auto [name, verb] = TOOLS[any(std::size(TOOLS))];
+      const std::string tool = name;
+      const bool isPath = wanted(tool) != "garden";
+      const std::string text = isPath && !files.empty() ? files[any(files.size())].path : "garden";
+      const std::string answer = library.ask(tool, text);
+      for (const WorldFile& file : files) {
+        for (const char what : {'n', 's', 't', 'p', 'x'}) {
+          if (answer.find(what + file.mark) == std::string::npos) continue;
+          ++shown;
+          EXPECT_TRUE(!isOff && mayShow(file, what, tool, isLibraryOn)) << tool << ": " << answer;
+        }
+      }
+      const bool isLibraryTool = tool == "search_library" || tool == "ask_norvast";
+      const bool isRefused = isOff || (isLibraryTool && !isLibraryOn);
+      if (!isRefused && (tool != "ask_norvast" || answer.find("grounding") != std::string::npos)) {
+        verbs.push_back(verb);
+      }
+    }
+    EXPECT_EQ(library.home.query("SELECT verb FROM audit_event ORDER BY id"), verbs) << world;
+  }
+  EXPECT_GT(shown, worlds);
+  std::cout << worlds << " worlds, " << shown << " marks shown\n";
+}
+
+}  // namespace
+}  // namespace norvast
