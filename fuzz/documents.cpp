@@ -2,6 +2,7 @@
 #include <variant>
 
 #include "extractor/document_kinds.h"
+#include "extractor/mail_reader.h"
 #include "fuzz/target.h"
 #include "text/utf8.h"
 
@@ -11,6 +12,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   for (const char* name : {"word", "spreadsheet", "presentation", "opendocument", "epub", "html",
                            "xml", "rtf", "notebook", "mail", "mailbox", "packed"}) {
     const DocumentKind* kind = documentKind(name);
+    if (kind == nullptr) kind = mailKind(name);
     mustHold(kind != nullptr);
     kind->prepare();
     const auto read = kind->read(textOf(bytes, size), LIMIT);
