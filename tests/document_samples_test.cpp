@@ -56,7 +56,7 @@ TEST(PlainTextOfTheIndex, IsDecodedFromTheEncodingThatItHas) {
        "Die Straße führt über die Brücke und später zum Gebäude der Ämter"},
       {std::string(RUSSIAN_KOI8), "Почему бы не сказать это прямо, чтобы все поняли"},
       {{"bin\0ary", 7}, NOTHING},
-      {{"\xFF\xFE\0\0a\0", 6}, NOTHING},  // a NUL in UTF-16 would be one in the index
+      {{"\xFF\xFE\x61\0\0\0", 6}, NOTHING},  // a NUL in UTF-16 would be one in the index
   };
   const TestHome home;
   for (const auto& row : rows) {
