@@ -69,7 +69,7 @@ void NameFinder::learn(const EntityWords& line) {
 
 EntitySpan NameFinder::nameAt(const EntityWords& words, std::size_t at) const {
   EntitySpan span = runAt(words, at);
-  if (span.count > 1 && !mayOpenName(words, at)) {
+  if (span.count > 1 && (!mayOpenName(words, at) || standsBeforeName(words, span))) {
     do {
       span = {span.first + 1, span.count - 1};
     } while (span.count > 1 && isConnector(words[span.first].text));
@@ -102,6 +102,12 @@ bool NameFinder::mayOpenName(const EntityWords& words, std::size_t at) const {
   const EntityWord& word = words[at];
   if (!word.opensSentence) return true;
   return !isDoubtful(word.text) && (language_ != Language::german || !isGermanAdjective(word.text));
+}
+
+// Whether the first word has its capital from the sentence, since the others are a name without it.
+bool NameFinder::standsBeforeName(const EntityWords& words, const EntitySpan& span) const {
+  return span.count > 2 && words[span.first].opensSentence &&
+         !inner_.contains(words[span.first].text) && inner_.contains(words[span.first + 1].text);
 }
 
 // Whether a small word may stand within the name that began at `first`: an article only behind a

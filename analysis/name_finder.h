@@ -39,6 +39,7 @@ class NameFinder {
   bool isNameWord(std::string_view word) const;
   bool isDoubtful(std::string_view word) const;
   bool mayOpenName(const EntityWords& words, std::size_t at) const;
+  bool standsBeforeName(const EntityWords& words, const EntitySpan& span) const;
   bool joins(const EntityWords& words, std::size_t first, std::size_t at) const;
   bool isSingleName(const EntityWords& words, std::size_t at) const;
   EntitySpan runAt(const EntityWords& words, std::size_t at) const;

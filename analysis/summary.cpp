@@ -92,19 +92,23 @@ std::set<std::size_t> chooseSentences(const Candidates& candidates, std::size_t 
   return chosen;
 }
 
-// Cells and rows are told apart by commas and semicolons.
+// Cells and rows are told apart by commas and semicolons, a name from what it names by a colon.
 std::string firstLines(const Outline& outline) {
   std::string lines;
+  bool isName = false;
   for (const Stretch& stretch : outline.stretches) {
     if (lines.size() > 4 * LONGEST_SUMMARY_CLUSTERS) break;
+    const bool isRow = stretch.kind == Stretch::Kind::tableRow;
     for (const std::string_view line :
          linesOf(outline.textOf(stretch).substr(0, 4 * LONGEST_SUMMARY_CLUSTERS))) {
       if (line.empty()) continue;
-      if (!lines.empty()) lines += stretch.kind == Stretch::Kind::tableRow ? "; " : " ";
+      if (!lines.empty()) lines += isName ? ": " : isRow ? "; " : " ";
+      isName = false;
       for (const char character : line) {
         lines += character == '\t' ? std::string_view(", ") : std::string_view(&character, 1);
       }
     }
+    isName = stretch.kind == Stretch::Kind::part || stretch.kind == Stretch::Kind::heading;
   }
   return lines;
 }

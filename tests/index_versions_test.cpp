@@ -35,14 +35,14 @@ TEST(IndexVersions, KeepWhatWasDecidedAndSeen) {
                "/a','a','','',1,2,3),('" + docs + "/b','b','','',1,2,3),('" + docs +
                "/c','c','','',1,2,3);" + "INSERT INTO mcp_exposure VALUES('" + docs + "/a',1),('" +
                docs + "/b',0);" + "INSERT INTO audit_event VALUES(7,1,'read','/a','ok','ok');" +
-               "INSERT INTO analysis VALUES('/elsewhere','still good','','');");
+               "INSERT INTO analysis VALUES('/elsewhere','made anew','','');");
   ASSERT_EQ(index(home, "add '" + docs + "'").status, 0);
   EXPECT_EQ(home.query("SELECT substr(path,-1), kind FROM rule"),
             Rows({"a|content", "b|metadata"}));
   EXPECT_EQ(home.query("SELECT substr(path,-1), allow_content FROM mcp_exposure"),
             Rows({"a|1", "b|0"}));
   EXPECT_EQ(home.query("SELECT id, verb FROM audit_event"), Rows{"7|read"});
-  EXPECT_EQ(home.query("SELECT count(*) FROM analysis"), Rows{"4"});
+  EXPECT_EQ(home.query("SELECT count(*) FROM analysis"), Rows{"3"});
 }
 
 // What is made of texts may go with its layout; what users decided never does.

@@ -91,7 +91,7 @@ TEST(Summary, BeginsWithWhatTheTextIs) {
         {{Kind::part, "Costs"}, {Kind::tableRow, "Item\tEuro"}, {Kind::tableRow, "Fish\t9"}}},
        "a.xlsx",
        "Costs: Item, Euro; Fish, 9"},
-      {{"", "", "", {{Kind::paragraph, "Salmon\n======\n\n" + gist}}}, "a.rst", "Salmon: " + gist},
+      {{"", "", "", {{Kind::paragraph, "Supper\n======\n\n" + gist}}}, "a.rst", "Supper: " + gist},
       {{"",
         "",
         "",
