@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <set>
 #include <system_error>
 #include <utility>
 #include <variant>
@@ -10,6 +11,7 @@
 #include "companion/command_output.h"
 #include "companion/commands.h"
 #include "companion/decision_changes.h"
+#include "companion/free_space.h"
 #include "companion/index_database.h"
 #include "companion/index_files.h"
 #include "companion/indexing_report_text.h"
@@ -59,11 +61,26 @@ std::vector<std::string> withoutNested(std::vector<std::string> paths) {
   return outer;
 }
 
+// What is said of patterns that are new.
+std::string unusedPatterns(const std::vector<std::string>& patterns,
+                           const std::set<std::string>& used) {
+  std::string text;
+  for (const std::string& pattern : patterns) {
+    if (used.count(pattern) == 0)
+      text += "--exclude " + printable(pattern) + ": nothing matches it now\n";
+  }
+  return text;
+}
+
 ExitStatus indexAndReport(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity) {
+                          const std::vector<std::string>& newPatterns, Verbosity verbosity) {
   const std::vector<std::string> outer = withoutNested(paths);
   const IndexingReport report = indexFiles(index, outer, verbosity);
-  if (verbosity == Verbosity::normal) std::cout << reportText(index, report, outer);
+  giveBackSpace(index);
+  if (verbosity == Verbosity::normal) {
+    std::cout << reportText(index, report, outer)
+              << unusedPatterns(newPatterns, report.leftOut.usedPatterns);
+  }
   if (report.obstacle) return failToWrite(*report.obstacle);
   return hasGaps(report) ? ExitStatus::incomplete : ExitStatus::done;
 }
@@ -94,7 +111,7 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
   if (verbosity == Verbosity::normal) {
     for (const std::string& remark : remarks) std::cout << remark << "\n";
   }
-  return indexAndReport(index, roots, verbosity);
+  return indexAndReport(index, roots, choices.exclusions, verbosity);
 }
 
 ExitStatus updateCommand(Verbosity verbosity) {
@@ -105,11 +122,12 @@ ExitStatus updateCommand(Verbosity verbosity) {
   if (!decisions) return failToWrite(index.lastFailure());
   if (decisions->roots.empty()) {
     return fail(
-        "there is nothing to keep up with yet; name a folder with: norvast_index add FOLDER");
+        "there is nothing to keep up with yet; name a folder with: "
+        "norvast_index add FOLDER");
   }
   std::vector<std::string> roots;
   for (const Root& root : decisions->roots) roots.push_back(root.path);
-  return indexAndReport(index, roots, verbosity);
+  return indexAndReport(index, roots, {}, verbosity);
 }
 
 }  // namespace norvast

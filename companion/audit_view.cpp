@@ -36,7 +36,7 @@ Colour colourOf(std::string_view severity) {
   return severity == "warn" ? Colour::yellow : Colour::plain;
 }
 
-std::vector<TrailRow> read(Statement statement) {
+std::vector<TrailRow> read(Statement& statement) {
   std::vector<TrailRow> rows;
   while (statement.step()) {
     const std::string line = padded(localTime(statement.integer(1)), TIME_CLUSTERS) + "  " +
@@ -50,12 +50,13 @@ std::vector<TrailRow> read(Statement statement) {
 
 }  // namespace
 
-std::vector<TrailRow> lastEvents(const MCPStore& store, std::uint64_t most) {
+std::optional<std::vector<TrailRow>> lastEvents(const MCPStore& store, std::uint64_t most) {
   Statement statement(store.rdb,
                       "SELECT rowid, ts, verb, object, result, severity FROM audit_event ORDER BY "
                       "rowid DESC LIMIT ?");
   statement.bind(1, static_cast<std::int64_t>(std::min<std::uint64_t>(most, INT64_MAX)));
-  std::vector<TrailRow> rows = read(std::move(statement));
+  std::vector<TrailRow> rows = read(statement);
+  if (!statement.isDone()) return std::nullopt;
   std::reverse(rows.begin(), rows.end());
   return rows;
 }
@@ -65,7 +66,7 @@ std::vector<TrailRow> eventsAfter(const MCPStore& store, std::int64_t number) {
                       "SELECT rowid, ts, verb, object, result, severity FROM audit_event WHERE "
                       "rowid > ? ORDER BY rowid");
   statement.bind(1, number);
-  return read(std::move(statement));
+  return read(statement);
 }
 
 }  // namespace norvast

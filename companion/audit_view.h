@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,8 @@ struct TrailRow {
   std::string line;         // local time, verb, result and object; refusals coloured on a terminal
 };
 
-// The last `most` events, oldest first.
-std::vector<TrailRow> lastEvents(const MCPStore& store, std::uint64_t most);
+// The last `most` events, oldest first. Nothing when the trail could not be read.
+std::optional<std::vector<TrailRow>> lastEvents(const MCPStore& store, std::uint64_t most);
 
 // The events behind that number.
 std::vector<TrailRow> eventsAfter(const MCPStore& store, std::int64_t number);

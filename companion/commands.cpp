@@ -6,11 +6,13 @@
 #include <iostream>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "access/switch_files.h"
 #include "companion/audit_view.h"
 #include "companion/command_output.h"
 #include "companion/file_view.h"
+#include "companion/index_database.h"
 #include "companion/index_status.h"
 #include "companion/path_range.h"
 #include "json/json_writer.h"
@@ -22,6 +24,12 @@ namespace norvast {
 namespace {
 
 constexpr auto BETWEEN_LOOKS = std::chrono::milliseconds(300);
+
+ExitStatus failToRead(const MCPStore& store) {
+  const std::string why = store.rdb.lastFailure();
+  return fail("the index at " + indexDatabasePath().value_or("") + " cannot be read (" + why +
+              "): when it stays so, it is damaged; move it away and add your folders anew");
+}
 
 ExitStatus setSwitchFile(const std::optional<std::string>& path, bool exists) {
   if (!path) return fail("there is no home folder; set HOME");
@@ -56,8 +64,11 @@ ExitStatus libraryCommand(Switch position) {
 }
 
 ExitStatus statusCommand() {
-  const auto text = statusText();
-  if (!text) return failWithoutIndex();
+  const auto store = MCPStore::open();
+  if (!store) return failWithoutIndex();
+  if (const auto why = objectionToIndex()) return fail(*why);
+  const auto text = statusText(*store);
+  if (!text) return failToRead(*store);
   std::cout << *text;
   return ExitStatus::done;
 }
@@ -78,10 +89,25 @@ ExitStatus showCommand(const std::vector<std::string>& paths) {
   return status;
 }
 
+ExitStatus withoutTextCommand(const std::vector<std::string>& paths) {
+  const auto store = MCPStore::open();
+  if (!store) return failWithoutIndex();
+  if (const auto why = objectionToIndex()) return fail(*why);
+  const std::string named = paths.empty() ? "/" : paths.front();
+  const auto path = indexedPath(named);
+  if (!path) return fail(named + ": it cannot be told where that is");
+  const auto list = withoutTextList(*store, *path);
+  if (!list) return failToRead(*store);
+  std::cout << *list;
+  return ExitStatus::done;
+}
+
 ExitStatus auditCommand(std::uint64_t last, Follow follow) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
-  std::vector<TrailRow> rows = lastEvents(*store, last);
+  auto read = lastEvents(*store, last);
+  if (!read) return failToRead(*store);
+  std::vector<TrailRow> rows = std::move(*read);
   if (rows.empty() && follow == Follow::no) std::cout << "no events\n";
   std::int64_t number = store->scalar("SELECT MAX(rowid) FROM audit_event");
   for (;;) {

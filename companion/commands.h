@@ -39,6 +39,8 @@ ExitStatus accessCommand(Switch position);
 ExitStatus libraryCommand(Switch position);
 
 ExitStatus statusCommand();
+// The files that have no text, and why: all, or those at and below the one path that is named.
+ExitStatus withoutTextCommand(const std::vector<std::string>& paths);
 
 // What the index holds of each file.
 ExitStatus showCommand(const std::vector<std::string>& paths);

@@ -56,6 +56,18 @@ const Root* Decisions::rootOf(const std::string& path) const {
   return nullptr;
 }
 
+bool Decisions::isRoot(const std::string& path) const {
+  const Root* root = rootOf(path);
+  return root != nullptr && root->path == path;
+}
+
+bool Decisions::hasRootBelow(const std::string& path) const {
+  const PathRange range(path);
+  return std::any_of(roots.begin(), roots.end(), [&](const Root& root) {
+    return root.path != path && range.contains(root.path);
+  });
+}
+
 std::vector<Root> Decisions::rootsWithin(const std::string& path) const {
   const PathRange range(path);
   std::vector<Root> within;
@@ -114,7 +126,8 @@ bool dropRoots(const Connection& index, const std::string& path) {
   const PathRange range(path);
   const std::vector<std::string> binds = {range.path, range.firstBelow, range.firstBehind};
   return run(index,
-             "DELETE FROM exclusion WHERE root IN (SELECT path FROM root WHERE " +
+             "DELETE FROM exclusion WHERE root IN (SELECT path FROM root "
+             "WHERE " +
                  std::string(AT_OR_BELOW) + ")",
              binds) &&
          run(index, "DELETE FROM root WHERE " + std::string(AT_OR_BELOW), binds) &&

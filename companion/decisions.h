@@ -29,6 +29,9 @@ struct Decisions {
   // as long as the roots do.
   const Root* rootOf(const std::string& path) const;
 
+  bool isRoot(const std::string& path) const;
+  bool hasRootBelow(const std::string& path) const;
+
   // The roots at and below the path.
   std::vector<Root> rootsWithin(const std::string& path) const;
 

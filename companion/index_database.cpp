@@ -104,4 +104,11 @@ std::variant<Connection, std::string> openIndex() {
   return connection;
 }
 
+std::optional<std::string> objectionToIndex() {
+  const auto path = indexDatabasePath();
+  std::string why = path ? objection(*path) : std::string();
+  if (why.empty()) return std::nullopt;
+  return why;
+}
+
 }  // namespace norvast

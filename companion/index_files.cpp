@@ -13,7 +13,6 @@
 #include "companion/path_range.h"
 #include "companion/progress.h"
 #include "companion/reembedding.h"
-#include "companion/territory.h"
 #include "embedding/sentence_embedding.h"
 #include "store/statement.h"
 
@@ -106,7 +105,7 @@ class Indexing {
     }
     const std::size_t unreadableBefore = report_.scan.unreadableFolders.size();
     std::vector<ScannedFile> changed;
-    Territory territory(decisions);
+    Territory territory(decisions, *decisions.rootOf(place.root), report_.leftOut);
     if (!readKnown(decisions, place)) {
       report_.obstacle = index_.lastFailure();
       return;

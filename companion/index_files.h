@@ -9,6 +9,7 @@
 #include "companion/failures.h"
 #include "companion/file_scan.h"
 #include "companion/progress.h"
+#include "companion/territory.h"
 #include "store/connection.h"
 
 namespace norvast {
@@ -22,6 +23,7 @@ struct IndexingReport {
   std::vector<FailedFile> failures;           // of the files that this run read; indexed by name
   std::vector<std::string> missingRoots;  // that are not there now; what is known of them is kept
   ScanReport scan;
+  LeftOut leftOut;
   // Why the index could not be written to the end; what was written before is kept.
   std::optional<std::string> obstacle;
 };

@@ -108,6 +108,12 @@ bool dropRows(const Connection& index, const Table& table) {
          run(index, "UPDATE file SET nanoseconds = " + std::to_string(READ_ANEW));
 }
 
+// As SQLite keeps the text that made the table; nothing when there is none.
+std::vector<std::string> layouts(const Connection& index, const Table& table) {
+  return texts(index, "SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?",
+               {table.name});
+}
+
 // A table that still has row ids serves as well, only not as fast: its rows are worth more.
 bool isPresent(const std::string& found, const Table& table) {
   const std::string present = std::string("CREATE TABLE ") + table.layout;
@@ -115,8 +121,7 @@ bool isPresent(const std::string& found, const Table& table) {
 }
 
 bool bringUpToDate(const Connection& index, const Table& table) {
-  const auto found =
-      texts(index, "SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?", {table.name});
+  const auto found = layouts(index, table);
   if (found.empty()) return create(index, table);
   if (isPresent(found.front(), table)) return true;
   return table.origin == Origin::kept ? copyInto(index, table) : dropRows(index, table);
@@ -153,6 +158,15 @@ std::optional<std::string> obstacleToPresentTables(const Connection& index) {
   Transaction transaction(index);
   if (transaction && bringTablesUpToDate(index) && transaction.commit()) return std::nullopt;
   return index.lastFailure();
+}
+
+bool hasItsTables(const Connection& index) {
+  const std::int64_t version = versionOf(index);
+  if (version != INDEX_VERSION) return version >= 0 && version < INDEX_VERSION;
+  return std::all_of(TABLES.begin(), TABLES.end(), [&](const Table& table) {
+    const auto found = layouts(index, table);
+    return found.size() == 1 && isPresent(found.front(), table);
+  });
 }
 
 }  // namespace norvast

@@ -82,6 +82,23 @@ std::string firstFailures(std::vector<FailedFile> failures) {
   return text;
 }
 
+std::string leftOutText(const IndexingReport& report) {
+  const LeftOut& leftOut = report.leftOut;
+  std::string text;
+  if (leftOut.excluded > 0)
+    text += "left out: " + count(leftOut.excluded, "name") + " by patterns\n";
+  if (leftOut.gitIgnored > 0) {
+    text += "left out: " + count(leftOut.gitIgnored, "name") + " that git ignores\n";
+  }
+  if (leftOut.cacheFolders > 0) {
+    text += "left out: " + count(leftOut.cacheFolders, "folder") + " marked as a cache\n";
+  }
+  if (leftOut.excluded > 0 && report.indexed + report.unchanged == 0) {
+    text += "nothing is left to index: see the patterns with norvast_index rules\n";
+  }
+  return text;
+}
+
 std::uint64_t countNominated(const Connection& index, const std::vector<std::string>& paths) {
   std::uint64_t all = 0;
   for (const std::string& path : paths) all += countExposed(index, path);
@@ -111,7 +128,7 @@ std::string reportText(const Connection& index, const IndexingReport& report,
   if (scan.sensitivePaths > 0) {
     text += "left out: " + count(scan.sensitivePaths, "sensitive path") + "\n";
   }
-  return text;
+  return text + leftOutText(report);
 }
 
 bool hasGaps(const IndexingReport& report) {

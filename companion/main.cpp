@@ -22,11 +22,14 @@ struct CommandLine {
   std::vector<std::string> paths;
   std::string nominate;
   AddChoices choices;
+  bool leavesOutGitIgnored = false;
+  bool takesGitIgnored = false;
   std::string position;
   bool isQuiet = false;
   bool isContent = false;
   bool isMetadata = false;
   bool isFollowing = false;
+  bool isWithoutText = false;
   std::uint64_t last = 20;
   std::function<ExitStatus()> command;
 };
@@ -61,11 +64,26 @@ void defineAdd(CLI::App& app, CommandLine& line) {
                                 "norvast_index add --nominate content ~/Documents");
   addPaths(*add, line, "Files, or folders with all that is below them");
   add->add_option("--nominate", line.nominate,
-                  "Show what is indexed to AI clients: names, sizes and summaries, or text too")
+                  "Show what is indexed to AI clients: names, sizes and "
+                  "summaries, or text too")
       ->check(CLI::IsMember({"metadata", "content"}));
+  add->add_option("--exclude", line.choices.exclusions,
+                  "Leave out names, or paths below PATH, that match this shell "
+                  "pattern; remembered")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  add->add_option("--no-exclude", line.choices.noExclusions, "Forget such a pattern")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  CLI::Option* all = add->add_flag("--no-gitignore", line.takesGitIgnored,
+                                   "Take in what git ignores in a work tree; remembered");
+  add->add_flag("--gitignore", line.leavesOutGitIgnored, "Leave it out again (the default)")
+      ->excludes(all);
   addQuiet(*add, line);
   add->callback([&line] {
     line.choices.nomination = nominationOf(line.nominate);
+    if (line.leavesOutGitIgnored) line.choices.gitIgnored = GitIgnored::leftOut;
+    if (line.takesGitIgnored) line.choices.gitIgnored = GitIgnored::indexed;
     line.command = [&line] { return addCommand(line.paths, line.choices, verbosityOf(line)); };
   });
 
@@ -131,7 +149,16 @@ void defineSwitch(CLI::App& app, CommandLine& line, const std::string& name,
 void defineViews(CLI::App& app, CommandLine& line) {
   CLI::App* status = addSubcommand(app, "status", "Show counts, switches and where the index lies",
                                    "norvast_index status");
-  status->callback([&line] { line.command = statusCommand; });
+  CLI::Option* withoutText =
+      status->add_flag("--without-text", line.isWithoutText, "List the files that have no text");
+  status->add_option("FOLDER", line.paths, "Those below this folder alone")
+      ->expected(0, 1)
+      ->needs(withoutText);
+  status->callback([&line] {
+    line.command = [&line] {
+      return line.isWithoutText ? withoutTextCommand(line.paths) : statusCommand();
+    };
+  });
 
   CLI::App* audit = addSubcommand(app, "audit", "Show what AI clients looked at and were refused",
                                   "norvast_index audit --last 50 --follow");

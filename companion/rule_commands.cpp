@@ -8,6 +8,7 @@
 #include "companion/command_output.h"
 #include "companion/commands.h"
 #include "companion/decision_changes.h"
+#include "companion/free_space.h"
 #include "companion/index_files.h"
 #include "companion/path_range.h"
 #include "companion/rules_view.h"
@@ -90,6 +91,7 @@ ExitStatus removeCommand(const std::vector<std::string>& paths) {
     const IndexingReport report = removeUnindexed(index, path);
     change.files = report.removed;
     change.obstacle = report.obstacle;
+    giveBackSpace(index);
     return change;
   });
 }

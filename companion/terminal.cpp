@@ -2,10 +2,10 @@
 
 #include <unistd.h>
 
+#include "text/visible_text.h"
+
 namespace norvast {
 namespace {
-
-constexpr std::string_view REPLACEMENT_CHARACTER = "\xEF\xBF\xBD";
 
 std::string_view sequence(Colour colour) {
   switch (colour) {
@@ -19,9 +19,6 @@ std::string_view sequence(Colour colour) {
   return "\033[0m";
 }
 
-// C0 and DEL are one byte; C1 is U+0080 to U+009F, which UTF-8 writes as C2 80 to C2 9F.
-bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
-
 }  // namespace
 
 bool isErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
@@ -31,22 +28,7 @@ std::string coloured(std::string_view text, Colour colour) {
   return std::string(sequence(colour)).append(text).append(sequence(Colour::plain));
 }
 
-std::string printable(std::string_view text) {
-  std::string shown;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const auto byte = static_cast<unsigned char>(text[at]);
-    const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
-    if (isControl(byte)) {
-      shown += REPLACEMENT_CHARACTER;
-    } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {
-      shown += REPLACEMENT_CHARACTER;
-      ++at;
-    } else {
-      shown += text[at];
-    }
-  }
-  return shown;
-}
+std::string printable(std::string_view text) { return visibleText(text); }
 
 std::string grouped(std::uint64_t number) {
   std::string digits = std::to_string(number);

@@ -15,8 +15,9 @@ enum class Colour { plain, yellow, red };
 // The text in that colour when standard output is a terminal, else as it is.
 std::string coloured(std::string_view text, Colour colour);
 
-// The text on one line and without control characters, each replaced by U+FFFD: names of files and
-// queries of clients are a stranger's words and must not steer the terminal.
+// The text on one line and with nothing invisible in it (text/visible_text.h): names of files and
+// queries of clients are a stranger's words and must not steer the terminal, nor show in an order
+// that is not theirs.
 std::string printable(std::string_view text);
 
 // "1,234,567"

@@ -1,8 +1,11 @@
 #include "companion/territory.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
+#include "companion/cache_folder.h"
+#include "companion/path_range.h"
 #include "store/mcp_store.h"
 
 namespace norvast {
@@ -17,22 +20,54 @@ std::optional<std::string> indexFolder() {
   return folder.string();
 }
 
-Territory::Territory(const Decisions& decisions)
-    : decisions_(decisions), ownFolder_(indexFolder()) {}
+Territory::Territory(const Decisions& decisions, const Root& root, LeftOut& leftOut)
+    : decisions_(decisions), root_(root), leftOut_(leftOut), ownFolder_(indexFolder()) {
+  for (const Root& outer : decisions.roots) {
+    if (!PathRange(outer.path).contains(root.path)) continue;
+    for (const std::string& pattern : outer.exclusions)
+      exclusions_.push_back({outer.path, pattern});
+  }
+  if (root.gitIgnored == GitIgnored::leftOut) gitIgnores_.emplace();
+}
 
 bool Territory::enters(const std::string& folder) {
   if (folder == ownFolder_) return false;
-  isLeftOut_ = isLeftOut(folder);
-  isPlain_ = !decisions_.rules.hasBelow(folder) && decisions_.rootsWithin(folder).empty();
+  if (folder != root_.path && isCacheFolder(folder)) {
+    ++leftOut_.cacheFolders;
+    return false;
+  }
+  if (gitIgnores_) gitIgnores_->enter(folder);
+  isLeftOutHere_ = isLeftOut(folder);
+  isPlain_ = !decisions_.rules.hasBelow(folder) && !decisions_.hasRootBelow(folder);
   return true;
 }
 
-bool Territory::takes(const std::string& path, std::string_view /*name*/, EntryKind kind) {
-  if (isPlain_) return !isLeftOut_;
-  const Root* root = decisions_.rootOf(path);
-  if (root != nullptr && root->path == path) return false;  // it has a scan of its own
+bool Territory::takes(const std::string& path, std::string_view name, EntryKind kind) {
+  if (isPlain_ ? isLeftOutHere_ : !isDecidedFor(path, kind)) return false;
+  if (isExcluded(path, name, kind)) {
+    ++leftOut_.excluded;
+    return false;
+  }
+  if (gitIgnores_ && gitIgnores_->ignores(path, kind)) {
+    ++leftOut_.gitIgnored;
+    return false;
+  }
+  return true;
+}
+
+bool Territory::isDecidedFor(const std::string& path, EntryKind kind) const {
+  if (decisions_.isRoot(path)) return false;  // it has a scan of its own
   // What is decided below a folder that is left out may take a part of it in again.
   return !isLeftOut(path) || (kind == EntryKind::folder && decisions_.rules.hasBelow(path));
+}
+
+bool Territory::isExcluded(const std::string& path, std::string_view name, EntryKind kind) {
+  const auto exclusion =
+      std::find_if(exclusions_.begin(), exclusions_.end(),
+                   [&](const Exclusion& candidate) { return candidate.matches(path, name, kind); });
+  if (exclusion == exclusions_.end()) return false;
+  leftOut_.usedPatterns.insert(exclusion->pattern);
+  return true;
 }
 
 bool Territory::isLeftOut(const std::string& path) const {

@@ -7,6 +7,7 @@
 #include "companion/index_database.h"
 #include "companion/moved_folder.h"
 #include "companion/rules.h"
+#include "tests/file_bytes.h"
 #include "tests/index_command.h"
 #include "tests/test_home.h"
 
@@ -125,6 +126,49 @@ TEST_F(DecisionsTest, HoldInRootsWithinRoots) {
   std::filesystem::rename(docs, home.path() / "elsewhere");
   EXPECT_NE(index(home, "update").output.find("what is known of it is kept"), std::string::npos);
   EXPECT_EQ(shown().size(), 2U);
+}
+
+TEST_F(DecisionsTest, LeaveOutWhatMatchesIsIgnoredOrACache) {
+  for (const char* name : {"r/build/b", "r/x.log", "r/kept.log", "cache/c", "nocache/c", "t.tmp",
+                           "drafts/d.txt", "drafts/x/e.txt"}) {
+    write(name);
+  }
+  home.writeFile(docs + "r/.gitignore", "build/\n*.log\n");
+  home.writeFile(docs + "cache/CACHEDIR.TAG", "Signature: 8a477f597d28d172789f06886806bc55\n");
+  home.writeFile(docs + "nocache/CACHEDIR.TAG", "Signature: 8a477f597d28d172789f06886806bc5\n");
+  ASSERT_EQ(std::system(("cd \"" + docs + "r\" && git init -q . && git add -f kept.log").c_str()),
+            0);
+  const std::string said =
+      run("add --exclude '*.tmp' --exclude 'drafts/*.txt' --exclude old/ --exclude nothing", ".");
+  EXPECT_NE(said.find("--exclude nothing: nothing matches it now"), std::string::npos) << said;
+  run("add", "../Library", 0);  // holds the index itself
+  EXPECT_EQ(home.query("SELECT substr(path," + std::to_string(docs.size() + 1) + ") FROM file"),
+            Rows({"a", "drafts/x/e.txt", "nocache/CACHEDIR.TAG", "nocache/c", "private/open/o",
+                  "private/s", "r/kept.log"}));
+  run("add --no-gitignore --no-exclude '*.tmp'", ".");
+  run("update", "");
+  EXPECT_EQ(home.query("SELECT count(*) FROM file"), Rows{"10"});
+  EXPECT_NE(run("add --exclude '*'", ".").find("nothing is left to index"), std::string::npos);
+}
+
+TEST_F(DecisionsTest, KeepWhyAFileHasNoText) {
+  home.writeFile(docs + "bin\u202Ex.txt", std::string("a\0b", 3));
+  std::filesystem::permissions(docs + "a", std::filesystem::perms::none);
+  EXPECT_NE(run("add", ".", 3).find("without text            2"), std::string::npos);
+  const std::string list = "no permission to read: " + docs + "a\n";
+  const std::string binary = ": " + docs + "bin\uFFFDx.txt\n";
+  const std::string said = run("status --without-text", "");
+  EXPECT_NE(said.find(list), std::string::npos) << said;
+  EXPECT_NE(said.find(binary), std::string::npos) << said;
+  EXPECT_EQ(run("status --without-text", "a"), list);
+  std::filesystem::permissions(docs + "a", std::filesystem::perms::owner_all);
+  EXPECT_NE(run("update", "").find("indexed                 1"), std::string::npos);
+  // A file that no reader of an earlier version could read is tried again.
+  home.execute("UPDATE failure SET reader = 0");
+  EXPECT_NE(run("update", "").find("indexed                 1"), std::string::npos);
+  const std::string before = fileBytes(home.database());
+  run("update", "");
+  EXPECT_EQ(fileBytes(home.database()), before);  // nothing new, nothing written
 }
 
 TEST_F(DecisionsTest, HoldWhereAFolderIsMovedTo) {

@@ -1,0 +1,23 @@
+// Exclusions: shell patterns by which the user leaves files and folders out.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "companion/file_scan.h"
+
+namespace norvast {
+
+// A shell pattern (`*`, `?`, `[...]`; fnmatch(3)). Without a solidus it is for names at any depth;
+// with one for the whole path below the root, where `*` and `?` stop at a solidus. One that ends in
+// a solidus is for folders alone.
+struct Exclusion {
+  std::string root;
+  std::string pattern;
+
+  // `path` lies below the root; `name` is its last part.
+  bool matches(std::string_view path, std::string_view name, EntryKind kind) const;
+};
+
+}  // namespace norvast
