@@ -1,6 +1,7 @@
 // A model beside the index: installed, swapped, spoilt and removed, with a server that goes on.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -88,11 +89,12 @@ TEST_F(InstalledModel, IsUsedFromTheNextRunOn) {
 TEST_F(InstalledModel, IsPassedOverWhenItIsSpoilt) {
   const auto ofWords = vectors();
   const struct {
-    std::string table;
+    std::uintmax_t bytes;
     const char* reason;
-  } cases[] = {{tinyTable().substr(0, 60), "damaged"}, {std::string(161 << 20, ' '), "160 MiB"}};
+  } cases[] = {{60, "damaged"}, {161 << 20, "160 MiB"}};
   for (const auto& spoilt : cases) {
-    install(spoilt.table);
+    install(tinyTable());
+    std::filesystem::resize_file(folder / "model.safetensors", spoilt.bytes);
     const Outcome outcome = add();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.output.find("The model beside the index is not used."), std::string::npos);
