@@ -25,6 +25,8 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
                       Verbosity verbosity);
 // Brings everything that was added up to date.
 ExitStatus updateCommand(Verbosity verbosity);
+// The same, and then follows each change until the program is told to end.
+ExitStatus watchCommand(Verbosity verbosity);
 
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination);
 ExitStatus withdrawCommand(const std::vector<std::string>& paths);

@@ -66,9 +66,10 @@ bool isThere(const std::string& path) {
 
 class Indexing {
  public:
-  Indexing(const Connection& index, Verbosity verbosity)
+  Indexing(const Connection& index, Verbosity verbosity, const std::function<bool()>& isToStop)
       : index_(index),
         verbosity_(verbosity),
+        isToStop_(isToStop),
         writing_(index),
         sentence_(SentenceEmbedding::english()) {}
 
@@ -158,6 +159,7 @@ class Indexing {
   bool indexChanged(std::vector<ScannedFile> changed) {
     Progress progress(changed.size(), verbosity_ == Verbosity::quiet);
     for (ScannedFile& file : changed) {
+      if (isToStop_ && isToStop_()) break;
       indexFile(std::move(file));
       if (isBatchFull() && !writeBatch()) return false;
       progress.step();
@@ -221,6 +223,7 @@ class Indexing {
 
   const Connection& index_;
   Verbosity verbosity_;
+  const std::function<bool()>& isToStop_;
   BatchWriting writing_;
   std::optional<SentenceEmbedding> sentence_;
   IndexingReport report_;
@@ -233,8 +236,8 @@ class Indexing {
 }  // namespace
 
 IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity) {
-  return Indexing(index, verbosity).run(paths);
+                          Verbosity verbosity, const std::function<bool()>& isToStop) {
+  return Indexing(index, verbosity, isToStop).run(paths);
 }
 
 IndexingReport removeUnindexed(const Connection& index, const std::string& path) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +38,9 @@ struct IndexingReport {
 // get to see them as the rules say at that moment: a reader waits for moments only, and an
 // interruption at any point leaves whole files, the rest of which the next run makes good. The
 // decisions may change meanwhile; the last ones hold for all files.
+// `isToStop` is asked before each file, and ends the run early.
 IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity);
+                          Verbosity verbosity, const std::function<bool()>& isToStop = nullptr);
 
 // Removes the rows of all files at or below the path that are not to be indexed, in batches as
 // above. Adds up what was removed.

@@ -94,6 +94,13 @@ void defineAdd(CLI::App& app, CommandLine& line) {
       [&line] { line.command = [&line] { return updateCommand(verbosityOf(line)); }; });
 }
 
+void defineWatch(CLI::App& app, CommandLine& line) {
+  CLI::App* watch = addSubcommand(app, "watch", "Keep up with changes until told to end",
+                                  "norvast_index watch --quiet");
+  addQuiet(*watch, line);
+  watch->callback([&line] { line.command = [&line] { return watchCommand(verbosityOf(line)); }; });
+}
+
 void defineNominations(CLI::App& app, CommandLine& line) {
   CLI::App* nominate = addSubcommand(app, "nominate", "Show files to AI clients, those to come too",
                                      "norvast_index nominate --content ~/Documents/report.pdf");
@@ -181,6 +188,7 @@ ExitStatus run(int argc, char** argv) {
   app.require_subcommand(1);
   CommandLine line;
   defineAdd(app, line);
+  defineWatch(app, line);
   defineNominations(app, line);
   defineRules(app, line);
   defineSwitch(app, line, "access", "Turn AI access as a whole on or off", accessCommand);

@@ -60,17 +60,6 @@ class FileActions {
   bool valid_ = false;
 };
 
-// Waits until there is something to read, or the end of it. False when the time is over first.
-bool waitForInput(const Descriptor& from, Clock::time_point end) {
-  pollfd wanted{from.number(), POLLIN, 0};
-  for (;;) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
-    const int ready = poll(&wanted, 1, static_cast<int>(std::max<std::int64_t>(left, 0)));
-    if (ready > 0) return true;
-    if (ready == 0 || errno != EINTR) return false;
-  }
-}
-
 // Killed children that the kernel has not let go yet: they end some time, and are reaped then.
 std::vector<pid_t>& leftBehind() {
   static std::vector<pid_t> children;
@@ -126,7 +115,7 @@ class Child {
  private:
   // Waits for the child's exit, but not beyond `end`, and reaps it.
   bool endsBy(Clock::time_point end) {
-    if (exited_) (void)waitForInput(exited_, end);
+    if (exited_) (void)exited_.waitForInput(end);
     while (!reap(id_, &status_)) {
       if (exited_ || Clock::now() >= end) return false;
       std::this_thread::sleep_for(BETWEEN_LOOKS);
@@ -153,7 +142,7 @@ std::variant<std::string, ChildFailure> readAll(const Descriptor& from,
                                                 const ChildCommand& command) {
   std::string bytes;
   for (;;) {
-    if (!waitForInput(from, command.deadline)) return ChildFailure{ChildFailure::Kind::late};
+    if (!from.waitForInput(command.deadline)) return ChildFailure{ChildFailure::Kind::late};
     const std::size_t start = bytes.size();
     bytes.resize(start + BYTES_A_READ);
     const std::size_t count = from.read(std::span(bytes).subspan(start)).value_or(0);

@@ -4,8 +4,10 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 
 namespace norvast {
 namespace {
@@ -38,6 +40,17 @@ std::optional<std::size_t> Descriptor::readAtOnce(std::span<char> into) const {
     const ssize_t count = ::read(number_, into.data(), into.size());
     if (count >= 0) return static_cast<std::size_t>(count);
     if (errno != EINTR) return std::nullopt;
+  }
+}
+
+bool Descriptor::waitForInput(std::chrono::steady_clock::time_point end) const {
+  pollfd wanted{number_, POLLIN, 0};
+  for (;;) {
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+    const int ready = poll(&wanted, 1, static_cast<int>(std::max<std::int64_t>(left.count(), 0)));
+    if (ready > 0) return true;
+    if (ready == 0 || errno != EINTR) return false;
   }
 }
 

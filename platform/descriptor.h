@@ -1,6 +1,7 @@
 // File descriptor: its one owner, and the one place where interrupted and short transfers are met.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -34,6 +35,9 @@ class Descriptor {
   // The same without waiting: nothing, too, where there is no byte yet. For files, which have all
   // their bytes at once but for a few that the kernel makes up (/proc/kmsg).
   std::optional<std::size_t> readAtOnce(std::span<char> into) const;
+
+  // Waits until there is something to read, or the end of it. False when it is `end` first.
+  bool waitForInput(std::chrono::steady_clock::time_point end) const;
 
   // Writes all bytes, waiting as long as it takes. False when not all could be written.
   bool write(std::string_view bytes) const;

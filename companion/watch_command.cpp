@@ -1,0 +1,49 @@
+// The command that keeps up with changes: watch.
+#include <iostream>
+#include <variant>
+
+#include "companion/command_output.h"
+#include "companion/commands.h"
+#include "companion/index_database.h"
+#include "companion/terminal.h"
+#include "companion/territory.h"
+#include "companion/watch_lock.h"
+#include "companion/watching.h"
+#include "platform/stop_signal.h"
+
+namespace norvast {
+namespace {
+
+// One line for what was done, and one for each file or folder that could not be read for now.
+void tell(const IndexingReport& report) {
+  if (report.indexed + report.removed == 0) return;
+  std::cout << count(report.indexed, "file") << " indexed, " << report.removed << " removed"
+            << std::endl;
+}
+
+}  // namespace
+
+ExitStatus watchCommand(Verbosity verbosity) {
+  auto opened = openIndex();
+  if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
+  const auto& index = std::get<Connection>(opened);
+  const auto folder = indexFolder();
+  const auto lock = folder ? WatchLock::take(*folder) : std::nullopt;
+  if (!lock) {
+    const auto other = folder ? watchingProcess(*folder) : std::nullopt;
+    return fail(other ? "process " + *other + " watches this index already"
+                      : "the folder of the index cannot be written to");
+  }
+  const auto stop = StopSignal::open();
+  if (!stop) return fail("the system gives no way to be told to end");
+
+  WatchListener listener;
+  listener.indexed = [verbosity](const IndexingReport& report) {
+    if (verbosity == Verbosity::normal) tell(report);
+  };
+  listener.remark = [](const std::string& remark) { std::cerr << remark << std::endl; };
+  if (const auto obstacle = watchFiles(index, *stop, listener)) return failToWrite(*obstacle);
+  return ExitStatus::done;
+}
+
+}  // namespace norvast

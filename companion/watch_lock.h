@@ -1,0 +1,28 @@
+// Watch lock: one program at a time watches for changes of an index.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/descriptor.h"
+
+namespace norvast {
+
+// Held as long as it lives, and given back by the system when the process ends, however it does.
+class WatchLock {
+ public:
+  // Nothing when another process holds it, or the folder cannot be written to.
+  static std::optional<WatchLock> take(const std::string& indexFolder);
+
+ private:
+  explicit WatchLock(Descriptor file) : file_(std::move(file)) {}
+
+  Descriptor file_;
+};
+
+// The process that watches the index in this folder now, as a decimal number; nothing when none
+// does.
+std::optional<std::string> watchingProcess(const std::string& indexFolder);
+
+}  // namespace norvast
