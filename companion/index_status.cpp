@@ -12,6 +12,8 @@
 #include "companion/index_schema.h"
 #include "companion/rules_view.h"
 #include "companion/terminal.h"
+#include "companion/territory.h"
+#include "companion/watch_lock.h"
 #include "store/settings.h"
 #include "store/statement.h"
 
@@ -82,6 +84,12 @@ std::string decisionRows(const Decisions& decisions, const std::vector<RuleCount
          row("  no rule", grouped(filesWith(counts, std::nullopt)));
 }
 
+std::string watchRow() {
+  const auto folder = indexFolder();
+  const auto process = folder ? watchingProcess(*folder) : std::nullopt;
+  return process ? "by process " + *process : "no";
+}
+
 // Of the first version, which had none.
 std::optional<Decisions> decisionsOf(const MCPStore& store) {
   if (store.scalar("PRAGMA user_version") < FIRST_VERSION_WITH_RULES) return Decisions();
@@ -106,7 +114,7 @@ std::optional<std::string> statusText(const MCPStore& store) {
       row("  embedded by", setting(store.rdb, EMBEDDING_SCHEME_SETTING).value_or("nothing yet")) +
       decisionRows(*decisions, *counts) + row("nominated", grouped(count("mcp_exposure"))) +
       row("  with their content", grouped(count("mcp_exposure WHERE allow_content = 1"))) +
-      row("audit events", grouped(count("audit_event"))) +
+      row("audit events", grouped(count("audit_event"))) + row("watched", watchRow()) +
       row("AI access", isAccessOff() ? coloured("off", Colour::yellow) : "on") +
       row("whole library", isLibraryOn() ? coloured("on", Colour::yellow) : "off");
   if (!count.isWhole()) return std::nullopt;
