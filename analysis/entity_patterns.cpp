@@ -43,9 +43,10 @@ bool isHostName(std::string_view text) {
       return false;
     }
     ++labels;
-    if (end == text.size())
+    if (end == text.size()) {
       return labels > 1 && label.size() > 1 &&
              std::all_of(label.begin(), label.end(), isAsciiLetter);
+    }
     text.remove_prefix(end + 1);
   }
 }

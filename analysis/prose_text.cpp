@@ -59,7 +59,7 @@ Link markupAt(std::string_view text) {
 }  // namespace
 
 std::string proseText(std::string_view text) {
-  const std::string line = onOneLine(text);
+  std::string line = onOneLine(text);
   if (line.find_first_of("<[*`") == std::string::npos) return line;
   std::string prose;
   prose.reserve(line.size());

@@ -96,7 +96,7 @@ void BenchIndex::addEmbeddedFiles(std::int64_t count, std::int64_t passagesAFile
     analysis.vec = randomVector();
     for (std::int64_t ord = 0; ord < passagesAFile; ++ord) {
       std::string text = randomText(600);
-      analysis.passages.push_back({std::move(text), randomVector()});
+      analysis.passages.push_back({std::move(text), {}, randomVector()});
     }
     return analysis;
   });
