@@ -61,7 +61,7 @@ bool FunctionWordCount::holds(FunctionWord word) const {
 }
 
 std::optional<Language> FunctionWordCount::language() const {
-  const auto most = std::max_element(counts_.begin(), counts_.end());
+  const auto* const most = std::max_element(counts_.begin(), counts_.end());
   if (*most == 0) return std::nullopt;
   return static_cast<Language>(most - counts_.begin());
 }

@@ -15,7 +15,7 @@ static_assert(std::is_sorted(STEM_WEIGHTS.begin(), STEM_WEIGHTS.end(), isBefore)
 }  // namespace
 
 double stemWeight(std::string_view stem) {
-  const auto found =
+  const auto* const found =
       std::lower_bound(STEM_WEIGHTS.begin(), STEM_WEIGHTS.end(), StemWeight{stem, 0}, isBefore);
   return found != STEM_WEIGHTS.end() && found->stem == stem ? found->percent / 100.0 : 1;
 }

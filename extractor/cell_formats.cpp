@@ -64,7 +64,7 @@ std::string date(double days, bool from1904) {
   constexpr int MINUTES_A_DAY = 24 * 60;
   const double whole = std::floor(days);
   const int minutes = static_cast<int>(std::lround((days - whole) * MINUTES_A_DAY));
-  const auto time = printed("%02d:%02d", minutes / 60 % 24, minutes % 60);
+  auto time = printed("%02d:%02d", minutes / 60 % 24, minutes % 60);
   if (days < 1) return time;
   const sys_days first = from1904 ? sys_days{year{1904} / 1 / 1} : sys_days{year{1899} / 12 / 30};
   const year_month_day day{first + std::chrono::days(static_cast<int>(whole))};

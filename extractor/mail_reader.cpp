@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "extractor/html_reader.h"
 #include "extractor/reading_bounds.h"
@@ -191,10 +192,14 @@ bool isMail(GMimeMessage* message) {
 
 void prepareMail() {
   g_mime_init();
-  for (const char* encoding : HEADER_ENCODINGS) {
-    // Never closed, so that what it loaded stays.
-    (void)g_mime_iconv_open("UTF-8", encoding);
-  }
+  // Never closed, so that what they loaded stays.
+  static const std::vector<iconv_t> CONVERTERS = [] {
+    std::vector<iconv_t> converters;
+    for (const char* encoding : HEADER_ENCODINGS) {
+      converters.push_back(g_mime_iconv_open("UTF-8", encoding));
+    }
+    return converters;
+  }();
 }
 
 }  // namespace

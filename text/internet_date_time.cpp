@@ -18,7 +18,8 @@ std::string internetDateTime(std::int64_t seconds) {
   // The library's years are ints, so it is asked for an instant in the era behind 1970.
   std::int64_t eras = seconds / SECONDS_AN_ERA;
   if (seconds % SECONDS_AN_ERA < 0) --eras;
-  const std::time_t withinEra = seconds - eras * SECONDS_AN_ERA;
+  std::time_t withinEra = seconds % SECONDS_AN_ERA;
+  if (withinEra < 0) withinEra += SECONDS_AN_ERA;
   std::tm time{};
   (void)gmtime_r(&withinEra, &time);  // fails for years beyond an int alone
 
