@@ -3,11 +3,11 @@
 #include <gmime/gmime.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "extractor/html_reader.h"
 #include "extractor/reading_bounds.h"
@@ -193,13 +193,10 @@ bool isMail(GMimeMessage* message) {
 void prepareMail() {
   g_mime_init();
   // Never closed, so that what they loaded stays.
-  static const std::vector<iconv_t> CONVERTERS = [] {
-    std::vector<iconv_t> converters;
-    for (const char* encoding : HEADER_ENCODINGS) {
-      converters.push_back(g_mime_iconv_open("UTF-8", encoding));
-    }
-    return converters;
-  }();
+  static std::array<iconv_t, std::size(HEADER_ENCODINGS)> converters{};
+  if (converters.front() != nullptr) return;
+  std::transform(std::begin(HEADER_ENCODINGS), std::end(HEADER_ENCODINGS), converters.begin(),
+                 [](const char* encoding) { return g_mime_iconv_open("UTF-8", encoding); });
 }
 
 }  // namespace
