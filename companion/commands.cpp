@@ -10,12 +10,12 @@
 
 #include "access/switch_files.h"
 #include "companion/audit_view.h"
+#include "companion/client_config.h"
 #include "companion/command_output.h"
 #include "companion/file_view.h"
 #include "companion/index_database.h"
 #include "companion/index_status.h"
 #include "companion/path_range.h"
-#include "json/json_writer.h"
 #include "platform/folders.h"
 #include "platform/installed_program.h"
 #include "store/mcp_store.h"
@@ -120,12 +120,13 @@ ExitStatus auditCommand(std::uint64_t last, Follow follow) {
   }
 }
 
-ExitStatus clientConfigCommand() {
+ExitStatus clientConfigCommand(const std::string& client) {
   const auto server = installedProgram("norvast_mcp");
   if (!server) return fail("norvast_mcp is not installed beside this program");
-  const Json config =
-      Json::Object{{"mcpServers", Json::Object{{"norvast", Json::Object{{"command", *server}}}}}};
-  std::cout << writeJson(config, JsonStyle::legible).value_or("") << "\n";
+  const auto config = clientConfig(client, *server);
+  if (!config) return fail("no client is known as " + client);
+  std::cout << config->text;
+  if (!config->place.empty()) std::cerr << "for " << config->place << "\n";
   return ExitStatus::done;
 }
 

@@ -51,7 +51,9 @@ ExitStatus showCommand(const std::vector<std::string>& paths);
 enum class Follow { no, yes };
 ExitStatus auditCommand(std::uint64_t last, Follow follow);
 
-// The JSON that registers the server of this installation with a client.
-ExitStatus clientConfigCommand();
+// What registers the server of this installation with a client: in the format of the one that is
+// named (companion/client_config.h), with its usual place on standard error, or in the general
+// form.
+ExitStatus clientConfigCommand(const std::string& client);
 
 }  // namespace norvast

@@ -12,7 +12,9 @@
 #include <string>
 #include <vector>
 
+#include "companion/client_config.h"
 #include "companion/commands.h"
+#include "companion/terminal.h"
 
 namespace norvast {
 namespace {
@@ -25,6 +27,7 @@ struct CommandLine {
   bool leavesOutGitIgnored = false;
   bool takesGitIgnored = false;
   std::string position;
+  std::string client;
   bool isQuiet = false;
   bool isContent = false;
   bool isMetadata = false;
@@ -169,7 +172,9 @@ void defineViews(CLI::App& app, CommandLine& line) {
 
   CLI::App* audit = addSubcommand(app, "audit", "Show what AI clients looked at and were refused",
                                   "norvast_index audit --last 50 --follow");
-  audit->add_option("--last", line.last, "How many events")->capture_default_str();
+  audit->add_option("--last", line.last, "How many events")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
   audit->add_flag("--follow", line.isFollowing, "Go on with each new event");
   audit->callback([&line] {
     line.command = [&line] {
@@ -178,14 +183,29 @@ void defineViews(CLI::App& app, CommandLine& line) {
   });
 
   CLI::App* config =
-      addSubcommand(app, "client-config", "Print the JSON that registers norvast_mcp with a client",
-                    "norvast_index client-config");
-  config->callback([&line] { line.command = clientConfigCommand; });
+      addSubcommand(app, "client-config", "Print what registers norvast_mcp with a client",
+                    "norvast_index client-config --client zed");
+  config->add_option("--client", line.client, "In the format of this client's own file")
+      ->check(CLI::IsMember(clientNames()));
+  config->callback(
+      [&line] { line.command = [&line] { return clientConfigCommand(line.client); }; });
+}
+
+// What is wrong with the command line: for a first word that is no command, which ones there are.
+std::string objection(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv) {
+  const std::string word = argc > 1 ? argv[1] : "-";
+  std::string known;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    if (word.starts_with('-') || command->get_name() == word) return error.what();
+    known += (known.empty() ? "" : ", ") + command->get_name();
+  }
+  return "there is no command " + printable(word) + ", but " + known;
 }
 
 ExitStatus run(int argc, char** argv) {
   CLI::App app("Fills and steers the index that norvast_mcp answers from.", "norvast_index");
   app.require_subcommand(1);
+  app.set_version_flag("--version", "norvast_index " NORVAST_VERSION);
   CommandLine line;
   defineAdd(app, line);
   defineWatch(app, line);
@@ -203,7 +223,8 @@ ExitStatus run(int argc, char** argv) {
     (void)app.exit(help);  // prints it
     return ExitStatus::done;
   } catch (const CLI::ParseError& error) {
-    std::cerr << "norvast_index: " << error.what() << " (see norvast_index --help)\n";
+    std::cerr << "norvast_index: " << objection(app, error, argc, argv)
+              << " (see norvast_index --help)\n";
     return ExitStatus::usage;
   }
   return line.command();

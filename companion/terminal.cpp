@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
+
 #include "text/visible_text.h"
 
 namespace norvast {
@@ -19,12 +21,19 @@ std::string_view sequence(Colour colour) {
   return "\033[0m";
 }
 
+// https://no-color.org: colours are off while it is set and not empty.
+bool isColourRefused() {
+  const char* wish = std::getenv("NO_COLOR");
+  return wish != nullptr && *wish != '\0';
+}
+
 }  // namespace
 
 bool isErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 std::string coloured(std::string_view text, Colour colour) {
-  if (colour == Colour::plain || isatty(STDOUT_FILENO) != 1) return std::string(text);
+  if (colour == Colour::plain || isatty(STDOUT_FILENO) != 1 || isColourRefused())
+    return std::string(text);
   return std::string(sequence(colour)).append(text).append(sequence(Colour::plain));
 }
 

@@ -12,7 +12,8 @@ bool isErrorTerminal();
 
 enum class Colour { plain, yellow, red };
 
-// The text in that colour when standard output is a terminal, else as it is.
+// The text in that colour when standard output is a terminal and NO_COLOR is not set, else
+// as it is.
 std::string coloured(std::string_view text, Colour colour);
 
 // The text on one line and with nothing invisible in it (text/visible_text.h): names of files and
