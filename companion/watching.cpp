@@ -77,7 +77,8 @@ class Watching {
     return indexPaths(roots);
   }
 
-  // What another command decided: it brings the rows in line itself, but for what was left out.
+  // What another command decided. It brings the rows in line itself, but for what was left out, and
+  // for what changed in a new root before that was watched.
   bool takeDecisions() {
     const Decisions* current = current_.get();
     if (current == nullptr) {
@@ -93,6 +94,7 @@ class Watching {
     if (!areRootsSame) {
       takeEvents();
       folders_.restart(decisions_);
+      for (const Root& root : decisions_.roots) pending_.add(root.path, Clock::now());
     }
     for (const std::string& path : rules) appear(path);
     return true;
