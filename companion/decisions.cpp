@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "companion/path_range.h"
+#include "platform/file_identity.h"
 #include "store/statement.h"
 
 namespace norvast {
@@ -102,8 +103,8 @@ const Decisions* CurrentDecisions::get() {
 }
 
 bool storeRule(const Connection& index, const Rule& rule) {
-  return run(index, "INSERT OR REPLACE INTO rule(path,kind) VALUES(?,?)",
-             {rule.path, std::string(ruleName(rule.kind))});
+  return run(index, "INSERT OR REPLACE INTO rule(path,kind,identity) VALUES(?,?,?)",
+             {rule.path, std::string(ruleName(rule.kind)), fileIdentity(rule.path).value_or("")});
 }
 
 bool dropRule(const Connection& index, const std::string& path) {

@@ -53,6 +53,9 @@ class CurrentDecisions {
   // same connection are not noticed.
   const Decisions* get();
 
+  // After a change through the same connection.
+  void forget() { version_ = -1; }
+
  private:
   const Connection& index_;
   std::int64_t version_ = -1;
@@ -60,6 +63,7 @@ class CurrentDecisions {
 };
 
 // Each within the caller's transaction, which must not be committed when it is false.
+// With the identity of what lies there now.
 bool storeRule(const Connection& index, const Rule& rule);
 bool dropRule(const Connection& index, const std::string& path);
 bool storeRoot(const Connection& index, const Root& root);

@@ -71,6 +71,7 @@ class Indexing {
         verbosity_(verbosity),
         isToStop_(isToStop),
         writing_(index),
+        moved_(index),
         sentence_(SentenceEmbedding::english()) {}
 
   IndexingReport run(const std::vector<std::string>& paths) {
@@ -85,6 +86,7 @@ class Indexing {
         if (!report_.obstacle) index(*decisions, place);
       }
     }
+    if (areAllLookedThrough(*decisions, paths)) moved_.giveUp();
     return std::move(report_);
   }
 
@@ -99,6 +101,19 @@ class Indexing {
     report_.obstacle = std::move(again.obstacle);
   }
 
+  // Whether nothing of the roots was passed over.
+  bool areAllLookedThrough(const Decisions& decisions,
+                           const std::vector<std::string>& paths) const {
+    const auto isWithin = [&paths](const Root& root) {
+      return std::any_of(paths.begin(), paths.end(), [&root](const std::string& path) {
+        return PathRange(path).contains(root.path);
+      });
+    };
+    return !report_.obstacle && report_.missingRoots.empty() &&
+           report_.scan.unreadableFolders.empty() &&
+           std::all_of(decisions.roots.begin(), decisions.roots.end(), isWithin);
+  }
+
   void index(const Decisions& decisions, const Place& place) {
     if (!isThere(place.root)) {
       report_.missingRoots.push_back(place.root);
@@ -107,13 +122,18 @@ class Indexing {
     const std::size_t unreadableBefore = report_.scan.unreadableFolders.size();
     std::vector<ScannedFile> changed;
     Territory territory(decisions, *decisions.rootOf(place.root), report_.leftOut);
+    MeetingFilter filter(territory, moved_);
     if (!readKnown(decisions, place)) {
       report_.obstacle = index_.lastFailure();
       return;
     }
     scanFiles(
-        place.root, place.start, territory,
-        [&](ScannedFile file) { sort(std::move(file), changed); }, report_.scan);
+        place.root, place.start, filter, [&](ScannedFile file) { sort(std::move(file), changed); },
+        report_.scan);
+    if (!carryRules(changed)) {
+      report_.obstacle = index_.lastFailure();
+      return;
+    }
     if (indexChanged(std::move(changed))) (void)dropVanished(unreadableBefore);
     report_.obstacle = writing_.obstacle;
   }
@@ -153,6 +173,18 @@ class Indexing {
     } else {
       changed.push_back(std::move(file));
     }
+  }
+
+  // Before what was moved is indexed where it lies now.
+  bool carryRules(std::vector<ScannedFile>& changed) {
+    const auto carried = moved_.carry();
+    if (!carried || carried->empty()) return carried.has_value();
+    report_.movedRules.insert(report_.movedRules.end(), carried->begin(), carried->end());
+    const auto decisions = readDecisions(index_);
+    if (!decisions) return false;
+    std::erase_if(changed,
+                  [&](const ScannedFile& file) { return !decisions->isIndexed(file.path); });
+    return true;
   }
 
   // False when the index could not be written to the end.
@@ -225,6 +257,7 @@ class Indexing {
   Verbosity verbosity_;
   const std::function<bool()>& isToStop_;
   BatchWriting writing_;
+  MovedRules moved_;
   std::optional<SentenceEmbedding> sentence_;
   IndexingReport report_;
   std::unordered_map<std::string, KnownFile> known_;  // of the place at hand

@@ -9,6 +9,7 @@
 
 #include "companion/failures.h"
 #include "companion/file_scan.h"
+#include "companion/moved_rules.h"
 #include "companion/progress.h"
 #include "companion/territory.h"
 #include "store/connection.h"
@@ -22,6 +23,7 @@ struct IndexingReport {
   std::uint64_t embeddedAgain = 0;  // whose vectors were of another scheme; not read for that
   std::optional<std::string> modelObjection;  // why the installed model is not used, a sentence
   std::vector<FailedFile> failures;           // of the files that this run read; indexed by name
+  std::vector<MovedRule> movedRules;          // carried to where that lies now
   std::vector<std::string> missingRoots;  // that are not there now; what is known of them is kept
   ScanReport scan;
   LeftOut leftOut;
@@ -32,7 +34,8 @@ struct IndexingReport {
 // Indexes the files at and below each path, as far as they lie in a root and no rule leaves them
 // out, and removes the rows of files that are gone from there. A path is absolute and free of
 // links: a root, a file or folder within one, which may be gone, or a folder that holds roots. What
-// lies in a folder that cannot be read is kept.
+// lies in a folder that cannot be read is kept. What was withheld or left out is so where it was
+// moved to, as well.
 //
 // Files are analysed first and written after, in batches of one transaction each, in which clients
 // get to see them as the rules say at that moment: a reader waits for moments only, and an

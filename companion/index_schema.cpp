@@ -52,7 +52,7 @@ constexpr std::array TABLES = {
         "audit_event(id INTEGER PRIMARY KEY, ts INTEGER NOT NULL, verb TEXT NOT NULL, object TEXT "
         "NOT NULL, result TEXT NOT NULL, severity TEXT NOT NULL)"},
     // What the user decided: which folders and files are indexed, what of them is passed over, and
-    // what clients may see.
+    // what clients may see; with the identity of what that was decided for.
     Table{"root", Origin::kept,
           "root(path TEXT PRIMARY KEY NOT NULL, gitignore INTEGER NOT NULL) WITHOUT ROWID"},
     Table{
@@ -60,7 +60,8 @@ constexpr std::array TABLES = {
         "exclusion(root TEXT NOT NULL, pattern TEXT NOT NULL, PRIMARY KEY(root, pattern)) WITHOUT "
         "ROWID"},
     Table{"rule", Origin::kept,
-          "rule(path TEXT PRIMARY KEY NOT NULL, kind TEXT NOT NULL) WITHOUT ROWID"},
+          "rule(path TEXT PRIMARY KEY NOT NULL, kind TEXT NOT NULL, identity TEXT NOT NULL DEFAULT "
+          "'') WITHOUT ROWID"},
     Table{"setting", Origin::kept,
           "setting(name TEXT PRIMARY KEY NOT NULL, value TEXT NOT NULL) WITHOUT ROWID"},
 };

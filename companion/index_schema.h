@@ -13,7 +13,7 @@ namespace norvast {
 // Marks the database as made by this program ("Norv" in ASCII), and the version of its tables: to
 // be raised with every change of them.
 inline constexpr std::uint32_t INDEX_APPLICATION_ID = 0x4E6F7276;
-inline constexpr std::uint32_t INDEX_VERSION = 3;
+inline constexpr std::uint32_t INDEX_VERSION = 4;
 
 // The tables that describe a file by its path.
 inline constexpr std::array FILE_TABLES = {"file",      "mcp_exposure", "analysis",

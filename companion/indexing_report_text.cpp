@@ -99,6 +99,15 @@ std::string leftOutText(const IndexingReport& report) {
   return text;
 }
 
+std::string movedText(const std::vector<MovedRule>& moved) {
+  std::vector<std::string> places;
+  for (const MovedRule& one : moved) {
+    places.push_back(printable(one.rule.path) + " (" + std::string(ruleName(one.rule.kind)) +
+                     ", as it was at " + printable(one.from) + ")");
+  }
+  return lines("moved", places);
+}
+
 std::uint64_t countNominated(const Connection& index, const std::vector<std::string>& paths) {
   std::uint64_t all = 0;
   for (const std::string& path : paths) all += countExposed(index, path);
@@ -124,6 +133,7 @@ std::string reportText(const Connection& index, const IndexingReport& report,
     text += "left out: " + count(scan.unusableNames.size(), "name") +
             " with a line break or invalid UTF-8: " + listed(scan.unusableNames) + "\n";
   }
+  text += movedText(report.movedRules);
   if (report.modelObjection) text += *report.modelObjection + "\n";
   if (scan.sensitivePaths > 0) {
     text += "left out: " + count(scan.sensitivePaths, "sensitive path") + "\n";

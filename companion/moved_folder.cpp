@@ -2,9 +2,8 @@
 
 #include <vector>
 
-#include "companion/decisions.h"
-#include "companion/exposure.h"
 #include "companion/index_schema.h"
+#include "companion/moved_rules.h"
 #include "companion/path_range.h"
 #include "store/statement.h"
 #include "store/transaction.h"
@@ -18,22 +17,22 @@ bool clear(const Connection& index, const std::string& table, const PathRange& r
       .run();
 }
 
-bool move(const Connection& index, const std::string& table, const PathRange& from,
-          const PathRange& to) {
-  return clear(index, table, to) &&
-         Statement(index,
-                   "UPDATE " + table + " SET path = ? || substr(path, length(?) + 1) WHERE " +
-                       AT_OR_BELOW,
+bool move(const Connection& index, const std::string& table, const std::string& column,
+          const PathRange& from, const PathRange& to) {
+  return Statement(index,
+                   "UPDATE OR REPLACE " + table + " SET " + column + " = ? || substr(" + column +
+                       ", length(?) + 1) WHERE " + column + " = ? OR (" + column + " >= ? AND " +
+                       column + " < ?)",
                    std::vector{to.path, from.path, from.path, from.firstBelow, from.firstBehind})
-             .run();
+      .run();
 }
 
 bool moveAll(const Connection& index, const PathRange& from, const PathRange& to) {
   for (const char* table : FILE_TABLES) {
-    if (!move(index, table, from, to)) return false;
+    if (!clear(index, table, to) || !move(index, table, "path", from, to)) return false;
   }
-  const auto decisions = readDecisions(index);
-  return decisions && bringExposureInLine(index, decisions->rules, to.path);
+  return move(index, "root", "path", from, to) && move(index, "exclusion", "root", from, to) &&
+         carryRules(index, from.path, to.path);
 }
 
 }  // namespace

@@ -157,9 +157,7 @@ class Watching {
   }
 
   bool indexDue() {
-    for (const auto& [from, to] : std::exchange(moved_, {})) {
-      (void)moveRows(index_, from, to);  // what was not moved is read again
-    }
+    if (!moved_.empty() && !moveAll()) return false;
     if (std::exchange(isLost_, false)) {
       listener_.remark(
           "more changed at once than the system tells of; looking through all folders");
@@ -171,6 +169,13 @@ class Watching {
       nextWalk_ = Clock::now() + WALK_INTERVAL;
     }
     return indexPaths(due);
+  }
+
+  // What is not moved is read again.
+  bool moveAll() {
+    for (const auto& [from, to] : std::exchange(moved_, {})) (void)moveRows(index_, from, to);
+    current_.forget();
+    return takeDecisions();
   }
 
   bool isWalking() const {
@@ -195,7 +200,8 @@ class Watching {
         indexFiles(index_, paths, Verbosity::quiet, [this] { return stop_.hasCome(); });
     listener_.indexed(report);
     obstacle_ = report.obstacle;
-    return !obstacle_;
+    if (!report.movedRules.empty()) current_.forget();
+    return !obstacle_ && takeDecisions();
   }
 
   void tellOfUnwatched() {

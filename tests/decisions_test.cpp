@@ -6,7 +6,9 @@
 
 #include "companion/index_database.h"
 #include "companion/moved_folder.h"
+#include "companion/moved_rules.h"
 #include "companion/rules.h"
+#include "platform/file_identity.h"
 #include "tests/file_bytes.h"
 #include "tests/index_command.h"
 #include "tests/test_home.h"
@@ -39,6 +41,32 @@ TEST(Rules, HoldForAllBelowUntilANearerOne) {
   rules.set("/", RuleKind::withheld);
   EXPECT_EQ(rules.holdingFor("/z")->path, "/");
   EXPECT_EQ(rules.below("/").size(), 4U);
+}
+
+// "WHERE:KIND" for each rule.
+TEST(Rules, AreCarriedUnlessThatShowsMore) {
+  struct Row {
+    std::vector<Rule> rules;
+    Rows carried;
+  };
+  using enum RuleKind;
+  const std::vector<Row> rows = {
+      {{{"/d", content}, {"/d/a", withheld}, {"/d/a/b", metadata}, {"/d/ab", leftOut}},
+       {"/d/n/a:withheld", "/d/n/a/b:metadata"}},
+      {{{"/d", withheld}, {"/d/a/x", content}}, {"/d/n/a/x:content"}},
+      {{{"/d", content}, {"/d/n", withheld}, {"/d/a", metadata}, {"/d/a/x", content}}, {}},
+      {{{"/d/n", leftOut}, {"/d/a", withheld}, {"/d/a/x", content}}, {}},
+      {{{"/d/n/a", metadata}, {"/d/a", content}, {"/d/a/x", leftOut}}, {"/d/n/a/x:left out"}},
+      {{{"/d/a", withheld}, {"/d/n/a", withheld}, {"/d/a/x", content}}, {"/d/n/a/x:content"}}};
+  for (const Row& row : rows) {
+    Rules rules;
+    for (const Rule& rule : row.rules) rules.set(rule.path, rule.kind);
+    Rows carried;
+    for (const Rule& rule : carriedRules(rules, "/d/a", "/d/n/a")) {
+      carried.push_back(rule.path + ":" + std::string(ruleName(rule.kind)));
+    }
+    EXPECT_EQ(carried, row.carried);
+  }
 }
 
 class DecisionsTest : public testing::Test {
@@ -174,6 +202,7 @@ TEST_F(DecisionsTest, KeepWhyAFileHasNoText) {
 TEST_F(DecisionsTest, HoldWhereAFolderIsMovedTo) {
   run("add --nominate content", ".");
   run("withdraw", "private");
+  run("add --exclude '*.tmp'", "private/open");
   setenv("HOME", home.path().c_str(), 1);
   const auto opened = openIndex();
   const auto& connection = std::get<Connection>(opened);
@@ -181,11 +210,38 @@ TEST_F(DecisionsTest, HoldWhereAFolderIsMovedTo) {
   EXPECT_TRUE(moveRows(connection, docs + "private/open", docs + "opened"));
   EXPECT_FALSE(moveRows(connection, docs + "private", docs + "private/in"));
   EXPECT_EQ(shown(), Rows({"a|1", "opened/o|1"}));
+  EXPECT_EQ(home.query("SELECT root || pattern FROM exclusion"), Rows{docs + "opened*.tmp"});
+  EXPECT_TRUE(moveRows(connection, docs + "private", docs + "p"));
+  EXPECT_EQ(shown(), Rows({"a|1", "opened/o|1"}));
   for (const char* table : {"file", "analysis", "embedding", "chunk"}) {
     EXPECT_EQ(home.query(std::string("SELECT count(*) FROM ") + table +
-                         " WHERE path LIKE '%/private/older/x' OR path LIKE '%/opened/o'"),
+                         " WHERE path LIKE '%/older/x' OR path LIKE '%/opened/o'"),
               Rows{"2"});
   }
+}
+
+// What is not shown stays so under its new name; only a later decision about that changes it.
+TEST_F(DecisionsTest, HoldForWhatWasMovedUnwatched) {
+  if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
+  run("add --nominate content", ".");
+  run("withdraw", "private a");
+  run("remove", "old");
+  std::filesystem::rename(docs + "private", docs + "renamed");
+  std::filesystem::rename(docs + "a", docs + "renamed.txt");
+  std::filesystem::rename(docs + "old", docs + "older");
+  write("private/new one of that name");
+  const std::string said = run("update", "");
+  EXPECT_NE(said.find("renamed (withheld, as it was at " + docs + "private)"), std::string::npos)
+      << said;
+  EXPECT_EQ(shown(), Rows());
+  std::filesystem::rename(docs + "renamed", docs + "open");
+  run("nominate", "open");
+  std::filesystem::remove_all(docs + "older");
+  write("older/x");
+  run("update", "");
+  run("rules clear", "older");
+  run("update", "");
+  EXPECT_EQ(shown(), Rows({"older/x|1", "open/open/o|0", "open/s|0"}));
 }
 
 }  // namespace

@@ -77,6 +77,17 @@ TEST_F(Watch, FollowsWhatIsSavedMovedAndRemoved) {
   expectNominated({"a", "moved/b", "moved/deep/c"});
   expect("SELECT summary FROM analysis WHERE path LIKE '%/moved/deep/c'", {"kept"});
 
+  // What is withheld stays so, whatever it is called.
+  EXPECT_EQ(index(home, "withdraw docs/moved/b").status, 0);
+  fs::rename(docs / "moved/b", docs / "moved/c");
+  fs::rename(docs / "moved", docs / "again");
+  expectNominated({"a", "again/deep/c"});
+  expect("SELECT count(*) FROM file WHERE path LIKE '%/again/c'", {"1"});
+  expectNominated({"a", "again/deep/c"});
+  fs::rename(docs / "again/c", docs / "again/b");
+  fs::rename(docs / "again", docs / "moved");
+  expectNominated({"a", "moved/deep/c"});
+
   home.writeFile(docs / "moved/deep/new/folders/d", "seen");
   home.writeFile(docs / ".hidden", "not seen");
   fs::rename(docs / "a", docs / "z");

@@ -1,0 +1,140 @@
+#include "companion/moved_rules.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "companion/decisions.h"
+#include "companion/exposure.h"
+#include "companion/path_range.h"
+#include "platform/file_identity.h"
+#include "store/statement.h"
+#include "store/transaction.h"
+
+namespace norvast {
+namespace {
+
+std::optional<Rule> holdingAbove(const Rules& rules, const std::string& path) {
+  const auto parent = parentOf(path);
+  return parent ? rules.holdingFor(*parent) : std::nullopt;
+}
+
+bool isNomination(RuleKind kind) { return kind == RuleKind::content || kind == RuleKind::metadata; }
+
+// Whether the rule for the path was made for what lies there now.
+bool isDecided(const Connection& index, const std::string& path) {
+  Statement statement(index, "SELECT 1 FROM rule WHERE path = ? AND identity = ?",
+                      std::vector{path, fileIdentity(path).value_or("nothing there")});
+  return statement.step();
+}
+
+// Lets the rule for the path stand for what lies there now.
+bool restamp(const Connection& index, const std::string& path) {
+  return Statement(index, "UPDATE rule SET identity = ? WHERE path = ?",
+                   std::vector{fileIdentity(path).value_or(""), path})
+      .run();
+}
+
+}  // namespace
+
+// The kinds stand in the order of what they show, most of it first. Rules further out come first in
+// the order of paths.
+std::vector<Rule> carriedRules(Rules rules, const std::string& from, const std::string& to) {
+  std::vector<Rule> candidates = rules.below(from);
+  if (const auto own = rules.at(from)) candidates.insert(candidates.begin(), {from, *own});
+  const bool isOutsideSame = holdingAbove(rules, from) == holdingAbove(rules, to);
+  std::vector<Rule> carried;
+  std::set<std::string> carriedFrom;
+  for (const Rule& rule : candidates) {
+    const std::string place = to + rule.path.substr(from.size());
+    const auto above = holdingAbove(rules, rule.path);
+    const bool isAboveSame = above && PathRange(from).contains(above->path)
+                                 ? carriedFrom.contains(above->path)
+                                 : isOutsideSame;
+    const auto present = rules.holdingFor(place);
+    const bool isOwn = present && present->path == place;
+    const bool isLess = present && present->kind > rule.kind;
+    if (isNomination(rule.kind) ? !isAboveSame || (isOwn && isLess) : isLess) continue;
+    carriedFrom.insert(rule.path);
+    if (isOwn && present->kind == rule.kind) continue;
+    carried.push_back({place, rule.kind});
+    rules.set(place, rule.kind);
+  }
+  return carried;
+}
+
+std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const std::string& from,
+                                                 const std::string& to) {
+  auto decisions = readDecisions(index);
+  if (!decisions) return std::nullopt;
+  std::vector<MovedRule> moved;
+  if (isDecided(index, to)) return moved;
+  for (Rule& rule : carriedRules(decisions->rules, from, to)) {
+    if (!storeRule(index, rule)) return std::nullopt;
+    decisions->rules.set(rule.path, rule.kind);
+    moved.push_back({from + rule.path.substr(to.size()), std::move(rule)});
+  }
+  if (!bringExposureInLine(index, decisions->rules, to)) return std::nullopt;
+  return moved;
+}
+
+MovedRules::MovedRules(const Connection& index) : index_(index) {
+  Statement statement(index,
+                      "SELECT path, identity FROM rule WHERE kind NOT IN ('content', 'metadata')");
+  while (statement.step()) {
+    const std::string path = statement.text(0);
+    const std::string identity = statement.text(1);
+    if (identity == fileIdentity(path).value_or("")) continue;
+    stale_.push_back(path);
+    if (!identity.empty()) missed_[identity] = path;
+  }
+  isRead_ = statement.isDone();
+}
+
+void MovedRules::meet(const std::string& path) {
+  if (missed_.empty()) return;
+  const auto identity = fileIdentity(path);
+  const auto found = identity ? missed_.find(*identity) : missed_.end();
+  if (found == missed_.end()) return;
+  met_[found->second] = path;
+  missed_.erase(found);
+}
+
+std::optional<std::vector<MovedRule>> MovedRules::carry() {
+  std::vector<MovedRule> all;
+  if (!isRead_) return std::nullopt;
+  if (met_.empty()) return all;
+  Transaction transaction(index_);
+  for (const auto& [from, to] : met_) {
+    auto moved = transaction ? carryRules(index_, from, to) : std::nullopt;
+    if (!moved || !restamp(index_, from)) return std::nullopt;
+    all.insert(all.end(), moved->begin(), moved->end());
+  }
+  if (!transaction.commit()) return std::nullopt;
+  met_.clear();
+  return all;
+}
+
+void MovedRules::giveUp() {
+  if (stale_.empty()) return;
+  Transaction transaction(index_);
+  const bool isDone =
+      transaction && std::all_of(stale_.begin(), stale_.end(),
+                                 [this](const std::string& path) { return restamp(index_, path); });
+  if (isDone) (void)transaction.commit();  // or the next run does it
+  missed_.clear();
+  stale_.clear();
+}
+
+bool MeetingFilter::enters(const std::string& folder) {
+  moved_.meet(folder);
+  return filter_.enters(folder);
+}
+
+bool MeetingFilter::takes(const std::string& path, std::string_view name, EntryKind kind) {
+  if (kind == EntryKind::file) moved_.meet(path);
+  return filter_.takes(path, name, kind);
+}
+
+}  // namespace norvast

@@ -1,0 +1,70 @@
+// Moved rules: what was decided for a file or folder goes with it when it is renamed or moved.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "companion/file_scan.h"
+#include "companion/rules.h"
+#include "store/connection.h"
+
+namespace norvast {
+
+// The rules to be added when all that lies at `from` has moved to `to`; those for the old place
+// stay. What withholds or leaves out is always carried, unless even less is shown at the new place.
+// A nomination is carried only where the next rule further out is the same or was carried, too: a
+// folder that is put away where nothing is shown is to be seen no longer.
+std::vector<Rule> carriedRules(Rules rules, const std::string& from, const std::string& to);
+
+struct MovedRule {
+  std::string from;
+  Rule rule;  // for the place where that lies now
+};
+
+// Adds those rules, within the caller's transaction and with what clients see by them, unless the
+// user decided about the new place since then. Nothing when the index could not be read or written.
+std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const std::string& from,
+                                                 const std::string& to);
+
+// Finds what is withheld or left out again when it was moved while nothing watched, by its identity
+// (platform/file_identity.h).
+class MovedRules {
+ public:
+  explicit MovedRules(const Connection& index);
+
+  // Something that a scan comes to.
+  void meet(const std::string& path);
+
+  // Carries the rules for all that was met, in one transaction; those that were added. Nothing when
+  // the index could not be read or written: what was met must not be shown then.
+  std::optional<std::vector<MovedRule>> carry();
+
+  // To be called when all roots were looked through: what is missed still is gone, and each rule
+  // stands from now on for what lies at its path.
+  void giveUp();
+
+ private:
+  const Connection& index_;
+  bool isRead_ = false;
+  std::map<std::string, std::string> missed_;  // paths of rules, by the identity of what they lost
+  std::map<std::string, std::string> met_;     // where that lies now, by the paths of rules
+  std::vector<std::string> stale_;             // paths of rules that something else lies at now
+};
+
+// Lets such a finder meet all that a scan comes to, besides what another filter does.
+class MeetingFilter : public ScanFilter {
+ public:
+  MeetingFilter(ScanFilter& filter, MovedRules& moved) : filter_(filter), moved_(moved) {}
+
+  bool enters(const std::string& folder) override;
+  bool takes(const std::string& path, std::string_view name, EntryKind kind) override;
+
+ private:
+  ScanFilter& filter_;
+  MovedRules& moved_;
+};
+
+}  // namespace norvast
