@@ -1,24 +1,16 @@
-// Audit view: the trail of what AI clients looked at, as a person reads it.
+// Audit view: an event of the trail on a line, as a person reads it, and as a script does.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "store/mcp_store.h"
+#include "companion/audit_events.h"
 
 namespace norvast {
 
-struct TrailRow {
-  std::int64_t number = 0;  // ascending in the order of the calls
-  std::string line;         // local time, verb, result and object; refusals coloured on a terminal
-};
+// Local time, verb, result and object; refusals are coloured on a terminal.
+std::string eventLine(const TrailEvent& event);
 
-// The last `most` events, oldest first. Nothing when the trail could not be read.
-std::optional<std::vector<TrailRow>> lastEvents(const MCPStore& store, std::uint64_t most);
-
-// The events behind that number.
-std::vector<TrailRow> eventsAfter(const MCPStore& store, std::int64_t number);
+// An object with time (UTC), verb, object, result and severity.
+std::string eventJson(const TrailEvent& event);
 
 }  // namespace norvast

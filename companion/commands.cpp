@@ -12,9 +12,11 @@
 #include "companion/audit_view.h"
 #include "companion/client_config.h"
 #include "companion/command_output.h"
+#include "companion/failures.h"
 #include "companion/file_view.h"
 #include "companion/index_database.h"
-#include "companion/index_status.h"
+#include "companion/index_status_view.h"
+#include "companion/json_output.h"
 #include "companion/path_range.h"
 #include "platform/folders.h"
 #include "platform/installed_program.h"
@@ -63,60 +65,66 @@ ExitStatus libraryCommand(Switch position) {
   return status;
 }
 
-ExitStatus statusCommand() {
+ExitStatus statusCommand(Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
   if (const auto why = objectionToIndex()) return fail(*why);
-  const auto text = statusText(*store);
-  if (!text) return failToRead(*store);
-  std::cout << *text;
+  const auto status = indexStatus(*store);
+  if (!status) return failToRead(*store);
+  std::cout << (form == Form::json ? jsonText(statusJson(*status)) : statusText(*status));
   return ExitStatus::done;
 }
 
-ExitStatus showCommand(const std::vector<std::string>& paths) {
+ExitStatus showCommand(const std::vector<std::string>& paths, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
   ExitStatus status = ExitStatus::done;
+  Json::Array files;
   for (const std::string& path : paths) {
     const auto known = indexedPath(path);
-    const auto text = known ? fileView(*store, *known) : std::nullopt;
-    if (text) {
-      std::cout << *text;
-    } else {
+    const auto file = known ? describedFile(*store, *known) : std::nullopt;
+    if (!file) {
       status = fail(path + ": no such file is indexed");
+    } else if (form == Form::json) {
+      files.push_back(fileJson(*file));
+    } else {
+      std::cout << fileView(*file);
     }
   }
+  if (form == Form::json) std::cout << jsonText(files);
   return status;
 }
 
-ExitStatus withoutTextCommand(const std::vector<std::string>& paths) {
+ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
   if (const auto why = objectionToIndex()) return fail(*why);
   const std::string named = paths.empty() ? "/" : paths.front();
   const auto path = indexedPath(named);
   if (!path) return fail(named + ": it cannot be told where that is");
-  const auto list = withoutTextList(*store, *path);
-  if (!list) return failToRead(*store);
-  std::cout << *list;
+  const auto files = failedFiles(store->rdb, *path);
+  if (!files) return failToRead(*store);
+  std::cout << (form == Form::json ? jsonText(withoutTextJson(*files)) : withoutTextList(*files));
   return ExitStatus::done;
 }
 
-ExitStatus auditCommand(std::uint64_t last, Follow follow) {
+ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
   auto read = lastEvents(*store, last);
   if (!read) return failToRead(*store);
-  std::vector<TrailRow> rows = std::move(*read);
-  if (rows.empty() && follow == Follow::no) std::cout << "no events\n";
+  std::vector<TrailEvent> events = std::move(*read);
+  if (events.empty() && follow == Follow::no && form == Form::text) std::cout << "no events\n";
   std::int64_t number = store->scalar("SELECT MAX(rowid) FROM audit_event");
   for (;;) {
-    for (const TrailRow& row : rows) std::cout << row.line << "\n";
+    for (const TrailEvent& event : events) {
+      std::cout << (form == Form::json ? eventJson(event) : eventLine(event));
+    }
     std::cout.flush();
-    if (!rows.empty()) number = rows.back().number;
+    if (!events.empty()) number = events.back().number;
     if (follow == Follow::no || !std::cout) return ExitStatus::done;
     std::this_thread::sleep_for(BETWEEN_LOOKS);
-    rows = eventsAfter(*store, number);
+    events = eventsAfter(*store, number);
   }
 }
 

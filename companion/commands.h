@@ -20,6 +20,9 @@ enum class ExitStatus {
 
 enum class Switch { on, off };
 
+// What a command shows, for a person or for a script; the exit status and errors are the same.
+enum class Form { text, json };
+
 // Paths are as the user wrote them: files or folders, relative ones too.
 ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& choices,
                       Verbosity verbosity);
@@ -32,24 +35,25 @@ ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nom
 ExitStatus withdrawCommand(const std::vector<std::string>& paths);
 ExitStatus removeCommand(const std::vector<std::string>& paths);
 
-// What was decided, as a table; or decided no longer.
-ExitStatus rulesCommand();
+// What was decided; or decided no longer.
+ExitStatus rulesCommand(Form form);
 ExitStatus clearRulesCommand(const std::vector<std::string>& paths);
 
 // AI access as a whole; metadata of the whole library.
 ExitStatus accessCommand(Switch position);
 ExitStatus libraryCommand(Switch position);
 
-ExitStatus statusCommand();
+ExitStatus statusCommand(Form form);
 // The files that have no text, and why: all, or those at and below the one path that is named.
-ExitStatus withoutTextCommand(const std::vector<std::string>& paths);
+ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form);
 
 // What the index holds of each file.
-ExitStatus showCommand(const std::vector<std::string>& paths);
+ExitStatus showCommand(const std::vector<std::string>& paths, Form form);
 
 // The last events of the trail, then, with `follow`, each new one until the program is stopped.
+// As JSON an object on a line each.
 enum class Follow { no, yes };
-ExitStatus auditCommand(std::uint64_t last, Follow follow);
+ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form);
 
 // What registers the server of this installation with a client: in the format of the one that is
 // named (companion/client_config.h), with its usual place on standard error, or in the general

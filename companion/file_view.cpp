@@ -1,12 +1,14 @@
 #include "companion/file_view.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
+#include <utility>
 
-#include "companion/decisions.h"
 #include "companion/failures.h"
+#include "companion/json_output.h"
+#include "companion/local_time.h"
 #include "companion/terminal.h"
+#include "text/internet_date_time.h"
 #include "text/unicode.h"
 
 namespace norvast {
@@ -21,14 +23,10 @@ std::string row(const std::string& name, const std::string& value) {
   return name + std::string(name.size() < 12 ? 12 - name.size() : 1, ' ') + printable(value) + "\n";
 }
 
-std::string number(const std::string& digits) {
-  return grouped(static_cast<std::uint64_t>(std::stoull("0" + digits)));
-}
-
-std::string withCommas(std::string lines) {
-  for (std::size_t at = 0; (at = lines.find('\n', at)) != std::string::npos;)
-    lines.replace(at, 1, ", ");
-  return lines;
+std::string joined(const std::vector<std::string>& parts) {
+  std::string text;
+  for (const std::string& part : parts) text += (text.empty() ? "" : ", ") + part;
+  return text;
 }
 
 std::string beginning(std::string text) {
@@ -37,59 +35,73 @@ std::string beginning(std::string text) {
   return leading.size() == text.size() ? text : std::string(leading) + "…";
 }
 
-std::string whatClientsSee(const MCPStore& store, const std::string& path) {
-  const auto rows = store.rows("SELECT allow_content FROM mcp_exposure WHERE path = ?", {path});
-  if (rows.empty()) return "nothing";
-  return rows[0][0] == "1" ? "name, summary and text" : "name and summary";
+std::string_view whatClientsSee(std::optional<Nomination> nomination) {
+  if (!nomination) return "nothing";
+  return nomination == Nomination::content ? "name, summary and text" : "name and summary";
 }
 
-// The rule that decides what they see.
-std::string ruleFor(const MCPStore& store, const std::string& path) {
-  const auto decisions = readDecisions(store.rdb);
-  const auto rule = decisions ? decisions->rules.holdingFor(path) : std::nullopt;
-  if (!rule) return "none";
-  return std::string(ruleName(rule->kind)) + ", for " +
-         (rule->path == path ? "this file" : rule->path);
+std::string ruleText(const FileDescription& file) {
+  if (!file.rule) return "none";
+  return std::string(ruleName(file.rule->kind)) + ", for " +
+         (file.rule->path == file.path ? "this file" : file.rule->path);
 }
 
-std::string passages(const MCPStore& store, const std::string& path) {
-  const std::string count =
-      std::to_string(store.scalar("SELECT COUNT(*) FROM chunk WHERE path = ?", {path}));
-  std::string text = row("passages", number(count));
-  for (const auto& passage :
-       store.rows("SELECT heading, text FROM chunk WHERE path = ? ORDER BY ord "
-                  "LIMIT " +
-                      std::to_string(MOST_PASSAGES),
-                  {path})) {
-    const std::string heading = passage[0].empty() ? "" : "[" + beginning(passage[0]) + "] ";
-    text += "  " + printable(heading + beginning(passage[1])) + "\n";
+std::string passagesText(const FileDescription& file) {
+  std::string text;
+  for (std::size_t at = 0; at < std::min(file.passages.size(), MOST_PASSAGES); ++at) {
+    const auto& [heading, passage] = file.passages[at];
+    const std::string lead = heading.empty() ? "" : "[" + beginning(heading) + "] ";
+    text += "  " + printable(lead + beginning(passage)) + "\n";
   }
   return text;
 }
 
+Json ruleJson(const std::optional<Rule>& rule) {
+  if (!rule) return nullptr;
+  return Json::Object{{"path", rule->path}, {"kind", ruleName(rule->kind)}};
+}
+
+std::string_view nominationWord(std::optional<Nomination> nomination) {
+  if (!nomination) return "nothing";
+  return nomination == Nomination::content ? "content" : "metadata";
+}
+
+Json passagesJson(const FileDescription& file) {
+  Json::Array passages;
+  for (const auto& [heading, text] : file.passages) {
+    passages.push_back(Json::Object{{"heading", heading}, {"text", text}});
+  }
+  return passages;
+}
+
 }  // namespace
 
-std::optional<std::string> fileView(const MCPStore& store, const std::string& path) {
-  const auto files = store.rows(
-      "SELECT grp, size, strftime('%Y-%m-%d %H:%M', modified, 'unixepoch', 'localtime') FROM file "
-      "WHERE path = ?",
-      {path});
-  if (files.empty()) return std::nullopt;
-  std::string text = row("path", path) + row("type", files[0][0]) +
-                     row("size", number(files[0][1]) + " bytes") + row("modified", files[0][2]) +
-                     row("rule", ruleFor(store, path)) +
-                     row("clients see", whatClientsSee(store, path));
-  const auto analyses =
-      store.rows("SELECT method, title, summary, entities FROM analysis WHERE path = ?", {path});
-  const auto failures = failedFiles(store.rdb, path);
-  if (failures && !failures->empty()) {
-    text += row("no text", std::string(failureText(failures->front().reason)));
-  }
-  if (analyses.empty()) return text;
-  const auto& analysis = analyses[0];
-  return text + row("read by", analysis[0]) + row("title", analysis[1]) +
-         row("summary", analysis[2]) + row("entities", withCommas(analysis[3])) +
-         passages(store, path);
+std::string fileView(const FileDescription& file) {
+  std::string text = row("path", file.path) + row("type", file.typeGroup) +
+                     row("size", grouped(file.sizeBytes) + " bytes") +
+                     row("modified", localTime(file.modified, "%Y-%m-%d %H:%M")) +
+                     row("rule", ruleText(file)) +
+                     row("clients see", std::string(whatClientsSee(file.nomination)));
+  if (file.failure) text += row("no text", std::string(failureText(*file.failure)));
+  if (file.method.empty()) return text;
+  return text + row("read by", file.method) + row("title", file.title) +
+         row("summary", file.summary) + row("entities", joined(file.entities)) +
+         row("passages", grouped(file.passages.size())) + passagesText(file);
+}
+
+Json fileJson(const FileDescription& file) {
+  return Json::Object{{"path", file.path},
+                      {"type_group", file.typeGroup},
+                      {"size_bytes", file.sizeBytes},
+                      {"modified", internetDateTime(file.modified)},
+                      {"rule", ruleJson(file.rule)},
+                      {"clients_see", nominationWord(file.nomination)},
+                      {"no_text", file.failure ? Json(failureWord(*file.failure)) : Json(nullptr)},
+                      {"read_by", file.method},
+                      {"title", file.title},
+                      {"summary", file.summary},
+                      {"entities", strings(file.entities)},
+                      {"passages", passagesJson(file)}};
 }
 
 }  // namespace norvast

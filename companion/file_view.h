@@ -1,16 +1,19 @@
-// File view: what the index holds of one file, for people who wonder.
+// File view: what the index holds of one file, for people who wonder, and for scripts.
 #pragma once
 
-#include <optional>
 #include <string>
 
-#include "store/mcp_store.h"
+#include "companion/file_description.h"
+#include "json/json.h"
 
 namespace norvast {
 
-// A table of what is known of the indexed file, what its text became, and what AI clients may see
-// of it, each text on one line and free of control characters. Nothing for a path that is not
-// indexed.
-std::optional<std::string> fileView(const MCPStore& store, const std::string& path);
+// A table of what is known of the file, what its text became, with the beginnings of the first
+// passages, and what AI clients may see of it, each text on one line and free of control
+// characters.
+std::string fileView(const FileDescription& file);
+
+// The same with all passages whole.
+Json fileJson(const FileDescription& file);
 
 }  // namespace norvast

@@ -8,10 +8,8 @@
 
 #include "access/switch_files.h"
 #include "companion/decisions.h"
-#include "companion/failures.h"
 #include "companion/index_schema.h"
-#include "companion/rules_view.h"
-#include "companion/terminal.h"
+#include "companion/rule_counts.h"
 #include "companion/territory.h"
 #include "companion/watch_lock.h"
 #include "store/settings.h"
@@ -29,15 +27,6 @@ std::uint64_t fileBytes(const std::string& path) {
   std::error_code missing;
   const std::uintmax_t size = std::filesystem::file_size(path, missing);
   return missing ? 0 : size;
-}
-
-std::string megabytes(std::uint64_t bytes) {
-  const std::uint64_t tenths = (bytes * 10 + 500'000) / 1'000'000;
-  return grouped(tenths / 10) + "." + std::to_string(tenths % 10) + " MB";
-}
-
-std::string row(const std::string& name, const std::string& value) {
-  return name + std::string(name.size() < 22 ? 22 - name.size() : 1, ' ') + value + "\n";
 }
 
 // Counts rows until one cannot be read.
@@ -76,18 +65,12 @@ std::uint64_t filesWith(const std::vector<RuleCount>& counts, std::optional<Rule
   return files;
 }
 
-std::string decisionRows(const Decisions& decisions, const std::vector<RuleCount>& counts) {
-  return row("roots", grouped(decisions.roots.size())) + row("rules", grouped(counts.size() - 1)) +
-         row("  content", grouped(filesWith(counts, RuleKind::content))) +
-         row("  metadata", grouped(filesWith(counts, RuleKind::metadata))) +
-         row("  withheld", grouped(filesWith(counts, RuleKind::withheld))) +
-         row("  no rule", grouped(filesWith(counts, std::nullopt)));
-}
-
-std::string watchRow() {
-  const auto folder = indexFolder();
-  const auto process = folder ? watchingProcess(*folder) : std::nullopt;
-  return process ? "by process " + *process : "no";
+void countByKind(const std::vector<RuleCount>& counts, IndexStatus& status) {
+  status.rules = counts.size() - 1;
+  status.underContent = filesWith(counts, RuleKind::content);
+  status.underMetadata = filesWith(counts, RuleKind::metadata);
+  status.underWithheld = filesWith(counts, RuleKind::withheld);
+  status.underNone = filesWith(counts, std::nullopt);
 }
 
 // Of the first version, which had none.
@@ -98,37 +81,32 @@ std::optional<Decisions> decisionsOf(const MCPStore& store) {
 
 }  // namespace
 
-std::optional<std::string> statusText(const MCPStore& store) {
-  const std::string path = indexDatabasePath().value_or("");
-  Counting count(store.rdb);
+std::optional<IndexStatus> indexStatus(const MCPStore& store) {
+  IndexStatus status;
+  status.path = indexDatabasePath().value_or("");
   const auto decisions = decisionsOf(store);
   const auto counts = decisions ? countByRule(store.rdb, decisions->rules) : std::nullopt;
-  if (!isSound(store, path) || !counts) return std::nullopt;
-  const std::uint64_t files = count("file");
-  const std::uint64_t withText = count("analysis");
-  std::string text =
-      row("index", path) + row("size", megabytes(fileBytes(path) + fileBytes(path + "-wal"))) +
-      row("files", grouped(files)) + row("  with a summary", grouped(withText)) +
-      row("  without text", grouped(files - std::min(files, withText))) +
-      row("  passages", grouped(count("chunk"))) +
-      row("  embedded by", setting(store.rdb, EMBEDDING_SCHEME_SETTING).value_or("nothing yet")) +
-      decisionRows(*decisions, *counts) + row("nominated", grouped(count("mcp_exposure"))) +
-      row("  with their content", grouped(count("mcp_exposure WHERE allow_content = 1"))) +
-      row("audit events", grouped(count("audit_event"))) + row("watched", watchRow()) +
-      row("AI access", isAccessOff() ? coloured("off", Colour::yellow) : "on") +
-      row("whole library", isLibraryOn() ? coloured("on", Colour::yellow) : "off");
-  if (!count.isWhole()) return std::nullopt;
-  return text;
-}
+  if (!isSound(store, status.path) || !counts) return std::nullopt;
+  status.roots = decisions->roots.size();
+  countByKind(*counts, status);
 
-std::optional<std::string> withoutTextList(const MCPStore& store, const std::string& path) {
-  const auto failed = failedFiles(store.rdb, path);
-  if (!failed) return std::nullopt;
-  std::string text;
-  for (const FailedFile& file : *failed) {
-    text += std::string(failureText(file.reason)) + ": " + printable(file.path) + "\n";
-  }
-  return text;
+  Counting count(store.rdb);
+  status.sizeBytes = fileBytes(status.path) + fileBytes(status.path + "-wal");
+  status.files = count("file");
+  status.withSummary = count("analysis");
+  status.withoutText = status.files - std::min(status.files, status.withSummary);
+  status.passages = count("chunk");
+  status.nominated = count("mcp_exposure");
+  status.nominatedWithContent = count("mcp_exposure WHERE allow_content = 1");
+  status.auditEvents = count("audit_event");
+  if (!count.isWhole()) return std::nullopt;
+
+  status.embeddingScheme = setting(store.rdb, EMBEDDING_SCHEME_SETTING);
+  const auto folder = indexFolder();
+  status.watchingProcess = folder ? watchingProcess(*folder) : std::nullopt;
+  status.isAccessOn = !isAccessOff();
+  status.isLibraryOn = isLibraryOn();
+  return status;
 }
 
 }  // namespace norvast

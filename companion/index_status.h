@@ -1,6 +1,7 @@
 // Index status: what is in the index, where it lies and which switches are set.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -8,10 +9,30 @@
 
 namespace norvast {
 
-// A short table for a person. Nothing when the index is damaged.
-std::optional<std::string> statusText(const MCPStore& store);
+struct IndexStatus {
+  std::string path;
+  std::uint64_t sizeBytes = 0;  // with its write-ahead log
+  std::uint64_t files = 0;
+  std::uint64_t withSummary = 0;
+  std::uint64_t withoutText = 0;
+  std::uint64_t passages = 0;
+  std::optional<std::string> embeddingScheme;  // nothing before the first vector
+  std::uint64_t roots = 0;
+  std::uint64_t rules = 0;
+  // Files by the kind of the rule that holds for them.
+  std::uint64_t underContent = 0;
+  std::uint64_t underMetadata = 0;
+  std::uint64_t underWithheld = 0;
+  std::uint64_t underNone = 0;
+  std::uint64_t nominated = 0;
+  std::uint64_t nominatedWithContent = 0;
+  std::uint64_t auditEvents = 0;
+  std::optional<std::string> watchingProcess;  // its number
+  bool isAccessOn = true;
+  bool isLibraryOn = false;
+};
 
-// A line for each file without text at or below the path, with the reason. Nothing as above.
-std::optional<std::string> withoutTextList(const MCPStore& store, const std::string& path);
+// Nothing when the index is damaged.
+std::optional<IndexStatus> indexStatus(const MCPStore& store);
 
 }  // namespace norvast

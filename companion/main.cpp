@@ -33,6 +33,7 @@ struct CommandLine {
   bool isMetadata = false;
   bool isFollowing = false;
   bool isWithoutText = false;
+  bool isJson = false;
   std::uint64_t last = 20;
   std::function<ExitStatus()> command;
 };
@@ -61,6 +62,12 @@ void addQuiet(CLI::App& subcommand, CommandLine& line) {
 Verbosity verbosityOf(const CommandLine& line) {
   return line.isQuiet ? Verbosity::quiet : Verbosity::normal;
 }
+
+CLI::Option* addJson(CLI::App& subcommand, CommandLine& line) {
+  return subcommand.add_flag("--json", line.isJson, "Print JSON, for scripts");
+}
+
+Form formOf(const CommandLine& line) { return line.isJson ? Form::json : Form::text; }
 
 void defineAdd(CLI::App& app, CommandLine& line) {
   CLI::App* add = addSubcommand(app, "add", "Index files and folders from now on",
@@ -133,12 +140,14 @@ void defineNominations(CLI::App& app, CommandLine& line) {
 void defineRules(CLI::App& app, CommandLine& line) {
   CLI::App* rules = addSubcommand(app, "rules", "Show what was decided, and how many files follow",
                                   "norvast_index rules clear ~/Documents/private");
+  CLI::Option* json = addJson(*rules, line);
   rules->callback([&line] {
-    if (!line.command) line.command = rulesCommand;
+    if (!line.command) line.command = [&line] { return rulesCommand(formOf(line)); };
   });
   CLI::App* clear =
       addSubcommand(*rules, "clear", "Decide nothing about these paths themselves any longer",
                     "norvast_index rules clear ~/Documents/private");
+  clear->excludes(json);
   addPaths(*clear, line, "Files or folders that have a rule of their own");
   clear->callback([&line] { line.command = [&line] { return clearRulesCommand(line.paths); }; });
 }
@@ -164,11 +173,20 @@ void defineViews(CLI::App& app, CommandLine& line) {
   status->add_option("FOLDER", line.paths, "Those below this folder alone")
       ->expected(0, 1)
       ->needs(withoutText);
+  (void)addJson(*status, line);
   status->callback([&line] {
     line.command = [&line] {
-      return line.isWithoutText ? withoutTextCommand(line.paths) : statusCommand();
+      return line.isWithoutText ? withoutTextCommand(line.paths, formOf(line))
+                                : statusCommand(formOf(line));
     };
   });
+
+  CLI::App* show = addSubcommand(app, "show", "Show what the index holds of files",
+                                 "norvast_index show ~/Documents/report.pdf");
+  addPaths(*show, line, "Indexed files");
+  (void)addJson(*show, line);
+  show->callback(
+      [&line] { line.command = [&line] { return showCommand(line.paths, formOf(line)); }; });
 
   CLI::App* audit = addSubcommand(app, "audit", "Show what AI clients looked at and were refused",
                                   "norvast_index audit --last 50 --follow");
@@ -176,9 +194,10 @@ void defineViews(CLI::App& app, CommandLine& line) {
       ->check(CLI::NonNegativeNumber)
       ->capture_default_str();
   audit->add_flag("--follow", line.isFollowing, "Go on with each new event");
+  (void)addJson(*audit, line);
   audit->callback([&line] {
     line.command = [&line] {
-      return auditCommand(line.last, line.isFollowing ? Follow::yes : Follow::no);
+      return auditCommand(line.last, line.isFollowing ? Follow::yes : Follow::no, formOf(line));
     };
   });
 

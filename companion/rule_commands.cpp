@@ -10,6 +10,7 @@
 #include "companion/decision_changes.h"
 #include "companion/free_space.h"
 #include "companion/index_files.h"
+#include "companion/json_output.h"
 #include "companion/path_range.h"
 #include "companion/rules_view.h"
 #include "companion/terminal.h"
@@ -96,13 +97,13 @@ ExitStatus removeCommand(const std::vector<std::string>& paths) {
   });
 }
 
-ExitStatus rulesCommand() {
+ExitStatus rulesCommand(Form form) {
   const auto opened = existingIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
-  const auto text = rulesText(index);
-  if (!text) return failToWrite(index.lastFailure());
-  std::cout << *text;
+  const auto decisions = decisionsInForce(index);
+  if (!decisions) return failToWrite(index.lastFailure());
+  std::cout << (form == Form::json ? jsonText(rulesJson(*decisions)) : rulesText(*decisions));
   return ExitStatus::done;
 }
 

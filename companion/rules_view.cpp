@@ -1,11 +1,10 @@
 #include "companion/rules_view.h"
 
 #include <algorithm>
-#include <map>
+#include <utility>
 
-#include "companion/command_output.h"
+#include "companion/json_output.h"
 #include "companion/terminal.h"
-#include "store/statement.h"
 
 namespace norvast {
 namespace {
@@ -35,31 +34,35 @@ std::string ruleLine(const RuleCount& row) {
 
 }  // namespace
 
-std::optional<std::vector<RuleCount>> countByRule(const Connection& index, const Rules& rules) {
-  std::map<std::string, std::uint64_t> numbers;
-  std::uint64_t without = 0;
-  Statement statement(index, "SELECT path FROM file");
-  while (statement.step()) {
-    const auto rule = rules.holdingFor(statement.text(0));
-    ++(rule ? numbers[rule->path] : without);
-  }
-  if (!statement.isDone()) return std::nullopt;
-  std::vector<RuleCount> counts;
-  for (const Rule& rule : rules.all()) counts.push_back({rule, numbers[rule.path]});
-  counts.push_back({std::nullopt, without});
-  return counts;
-}
-
-std::optional<std::string> rulesText(const Connection& index) {
-  const auto decisions = readDecisions(index);
-  const auto counts = decisions ? countByRule(index, decisions->rules) : std::nullopt;
-  if (!counts) return std::nullopt;
+std::string rulesText(const DecisionsInForce& decisions) {
   std::string text;
-  for (const Root& root : decisions->roots) text += rootLine(root);
-  for (const RuleCount& row : *counts) {
+  for (const Root& root : decisions.roots) text += rootLine(root);
+  for (const RuleCount& row : decisions.counts) {
     if (row.rule || row.files > 0) text += ruleLine(row);
   }
   return text.empty() ? "nothing was decided yet\n" : text;
+}
+
+Json rulesJson(const DecisionsInForce& decisions) {
+  Json::Array roots;
+  for (const Root& root : decisions.roots) {
+    roots.push_back(Json::Object{{"path", root.path},
+                                 {"exclusions", strings(root.exclusions)},
+                                 {"gitignore", root.gitIgnored == GitIgnored::leftOut}});
+  }
+  Json::Array rules;
+  std::uint64_t withoutRule = 0;
+  for (const RuleCount& row : decisions.counts) {
+    if (!row.rule) {
+      withoutRule = row.files;
+      continue;
+    }
+    rules.push_back(Json::Object{
+        {"path", row.rule->path}, {"kind", ruleName(row.rule->kind)}, {"files", row.files}});
+  }
+  return Json::Object{{"roots", std::move(roots)},
+                      {"rules", std::move(rules)},
+                      {"files_without_rule", withoutRule}};
 }
 
 std::string clearedText(const Connection& index, const std::string& path) {

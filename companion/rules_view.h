@@ -1,27 +1,17 @@
-// Rules view: what the user decided, and how many files follow it, as a person reads it.
+// Rules view: what the user decided, as a person reads it, and as a script does.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "companion/decisions.h"
+#include "companion/rule_counts.h"
+#include "json/json.h"
 #include "store/connection.h"
 
 namespace norvast {
 
-struct RuleCount {
-  std::optional<Rule> rule;  // nothing: the files for which there is none
-  std::uint64_t files = 0;   // indexed ones that follow it
-};
-
-// Each rule in the order of the paths, last the files without one. Nothing when the index could not
-// be read.
-std::optional<std::vector<RuleCount>> countByRule(const Connection& index, const Rules& rules);
-
-// The table of roots and rules, or nothing as above.
-std::optional<std::string> rulesText(const Connection& index);
+// The table of roots and rules, with the number of files that follow each.
+std::string rulesText(const DecisionsInForce& decisions);
+Json rulesJson(const DecisionsInForce& decisions);
 
 // What holds for the path after its own rule was dropped, in one line.
 std::string clearedText(const Connection& index, const std::string& path);

@@ -12,4 +12,8 @@ namespace norvast {
 // Default_Ignorable_Code_Point (UAX #44).
 std::string visibleText(std::string_view text);
 
+// The text of a JSON value with each such character but line feeds as its \u escape, so that its
+// value stays the same; what is not UTF-8 becomes U+FFFD.
+std::string visibleJson(std::string_view json);
+
 }  // namespace norvast
