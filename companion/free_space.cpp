@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "store/statement.h"
+#include "store/transaction.h"
 
 namespace norvast {
 namespace {
@@ -18,6 +19,15 @@ constexpr std::int64_t PAGES_A_STEP = 1000;
 
 constexpr auto BETWEEN_STEPS = std::chrono::milliseconds(5);
 
+// Begun as a writer: one that only becomes it fails at once when another was quicker.
+bool giveBackPages(const Connection& index) {
+  Transaction transaction(index);
+  return transaction &&
+         Statement(index, "PRAGMA incremental_vacuum(" + std::to_string(PAGES_A_STEP) + ")")
+             .run() &&
+         transaction.commit();
+}
+
 std::int64_t number(const Connection& index, const std::string& sql) {
   Statement statement(index, sql);
   return statement.step() ? statement.integer(0) : 0;
@@ -28,8 +38,7 @@ std::int64_t number(const Connection& index, const std::string& sql) {
 void giveBackSpace(const Connection& index) {
   std::int64_t free = number(index, "PRAGMA freelist_count");
   if (free > number(index, "PRAGMA page_count") / SPARE_DIVISOR) {
-    const std::string step = "PRAGMA incremental_vacuum(" + std::to_string(PAGES_A_STEP) + ")";
-    for (std::int64_t left = free; left > 0 && Statement(index, step).run(); left = free) {
+    for (std::int64_t left = free; left > 0 && giveBackPages(index); left = free) {
       free = number(index, "PRAGMA freelist_count");
       if (free >= left) break;  // an index of an earlier version keeps its pages
       std::this_thread::sleep_for(BETWEEN_STEPS);
