@@ -113,7 +113,7 @@ void preparePdfText() {
   // What follows them, without a message, where they cannot be loaded is an empty text.
   (void)utf8(poppler::ustring::from_utf8("."));
   // The names of characters are read with the first document and kept while there is one.
-  static const Pdf first = load(SMALLEST_DOCUMENT);
+  static const Pdf FIRST = load(SMALLEST_DOCUMENT);
   tzset();  // else done at the first date
 }
 

@@ -20,16 +20,16 @@ INSERT INTO mcp_exposure VALUES('/n/a.txt', 1), ('/n/b', 0);
 INSERT INTO analysis VALUES('/n/a.txt', 'a summary of letters', 'a', 'text');)";
 
 const ProcessValues& valuesOfSmallIndex() {
-  static const TestHome home;
-  home.createIndex(TWO_FILES);
-  home.writeFile(home.norvastFolder() / "mcp.librarymeta", "");
-  (void)setenv("HOME", home.path().c_str(), 1);
-  static const ProcessValues values;
-  return values;
+  static const TestHome HOME;
+  HOME.createIndex(TWO_FILES);
+  HOME.writeFile(HOME.norvastFolder() / "mcp.librarymeta", "");
+  (void)setenv("HOME", HOME.path().c_str(), 1);
+  static const ProcessValues VALUES;
+  return VALUES;
 }
 
 std::string answerTo(const JsonText& message) {
-  static const ProcessValues& values = valuesOfSmallIndex();
+  const ProcessValues& values = valuesOfSmallIndex();
   const Descriptor file(memfd_create("answer", MFD_CLOEXEC));
   Output output(file);
   handle(message, values, output);

@@ -101,7 +101,7 @@ bool JsonCursor::passNumber() {
 }
 
 bool JsonCursor::passDigits() {
-  const auto end = std::find_if_not(rest_.begin(), rest_.end(), isAsciiDigit);
+  const auto* end = std::find_if_not(rest_.begin(), rest_.end(), isAsciiDigit);
   const auto count = static_cast<std::size_t>(end - rest_.begin());
   rest_.remove_prefix(count);
   return count > 0;

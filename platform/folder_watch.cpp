@@ -21,7 +21,7 @@ constexpr std::uint32_t WANTED = IN_CLOSE_WRITE | IN_MODIFY | IN_ATTRIB | IN_CRE
                                  IN_DONT_FOLLOW | IN_EXCL_UNLINK;
 
 // Room for some hundred events with names of usual length, and for one with the longest.
-constexpr std::size_t BYTES_A_READ = 32 * 1024;
+constexpr std::size_t BYTES_A_READ = std::size_t{32} * 1024;
 
 // Both halves of a move come in one go; a reader may be between them.
 constexpr std::chrono::milliseconds HALF_MOVE_TIME{20};
@@ -135,10 +135,9 @@ void FolderWatch::takeHalfMove(const Notice& notice, std::vector<FolderEvent>& e
 // Told of a folder after both halves of its move, if its own folder is watched; that of one whose
 // own is not leads to a place that nobody knows.
 void FolderWatch::takeOwnMove(const std::string& folder, std::vector<FolderEvent>& events) {
-  const std::string path = folder;
-  if (watches_.contains(path.substr(0, std::max<std::size_t>(path.rfind('/'), 1)))) return;
-  forget(path);
-  events.push_back({FolderEvent::Kind::folderGone, path, {}});
+  if (watches_.contains(folder.substr(0, std::max<std::size_t>(folder.rfind('/'), 1)))) return;
+  events.push_back({FolderEvent::Kind::folderGone, folder, {}});
+  forget(events.back().path);  // the name at hand goes with the watch
 }
 
 void FolderWatch::move(const std::string& from, const std::string& to) {
