@@ -35,8 +35,6 @@ class StaticModel {
   // there is none, or only zeros. Sums are in double precision, in the order of the text.
   std::optional<std::vector<double>> vector(std::string_view text) const;
 
-  const WordPieceTokenizer& tokenizer() const { return tokenizer_; }
-
  private:
   StaticModel(WordPieceTokenizer tokenizer, std::vector<char> file)
       : tokenizer_(std::move(tokenizer)), file_(std::move(file)) {}

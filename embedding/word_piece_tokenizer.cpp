@@ -135,11 +135,4 @@ bool WordPieceTokenizer::appendPieces(const std::string& word,
   return true;
 }
 
-double WordPieceTokenizer::wholeShare(const std::vector<std::string>& words) const {
-  if (words.empty()) return 0;
-  const auto whole = std::count_if(words.begin(), words.end(),
-                                   [this](const std::string& word) { return ids_.contains(word); });
-  return static_cast<double>(whole) / static_cast<double>(words.size());
-}
-
 }  // namespace norvast

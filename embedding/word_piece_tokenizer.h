@@ -31,9 +31,6 @@ class WordPieceTokenizer {
   // bytes.
   std::vector<std::uint32_t> tokenize(std::string_view text, std::size_t limit) const;
 
-  // The share of these words that are one whole piece; 0 when there are none.
-  double wholeShare(const std::vector<std::string>& words) const;
-
  private:
   struct Hash {
     using is_transparent = void;
