@@ -1,14 +1,25 @@
 // Prints the vector of each line of standard input: its numbers separated by blanks, an empty line
 // where there is no vector. With the installed model, where there is one, as the indexer embeds;
-// with
-// --query, as a query of that index is embedded. For measuring the embedding from outside.
+// with --query, as a query of that index is embedded. For measuring the embedding from outside.
 #include <array>
 #include <charconv>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "embedding/sentence_embedding.h"
+
+namespace {
+
+std::optional<std::vector<float>> queryVector(const norvast::SentenceEmbedding& sentence,
+                                              const std::string& text, const std::string& scheme) {
+  const auto query = sentence.query(text, scheme);
+  return query ? std::optional(query->vector) : std::nullopt;
+}
+
+}  // namespace
 
 int main(int count, char** arguments) {
   const bool isQuery = count == 2 && std::string_view(arguments[1]) == "--query";
@@ -20,7 +31,7 @@ int main(int count, char** arguments) {
   std::string output;
   while (std::getline(std::cin, line)) {
     output.clear();
-    const auto vector = isQuery ? sentence->queryVector(line, scheme) : sentence->vector(line);
+    const auto vector = isQuery ? queryVector(*sentence, line, scheme) : sentence->vector(line);
     if (vector) {
       std::array<char, 32> digits{};  // the longest shortest form has 16 characters
       for (const float value : *vector) {

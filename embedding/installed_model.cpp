@@ -3,7 +3,6 @@
 #include <nettle/sha2.h>
 
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -86,17 +85,6 @@ std::variant<NoModel, InstalledModel, std::string> loadInstalledModel() {
 bool isModelInstalled() {
   const auto files = paths();
   return files && (fileExists(files->tokenizer) || fileExists(files->table));
-}
-
-std::optional<std::size_t> numbersOfModel(std::string_view name) {
-  const std::size_t colon = name.rfind(':');
-  if (!name.starts_with(KIND) || colon < KIND.size()) return std::nullopt;
-  std::size_t numbers = 0;
-  const char* end = name.data() + name.size();
-  const auto [stop, failure] = std::from_chars(name.data() + colon + 1, end, numbers);
-  if (failure != std::errc() || stop != end) return std::nullopt;
-  if (numbers == 0 || numbers > StaticModel::MOST_NUMBERS) return std::nullopt;
-  return numbers;
 }
 
 }  // namespace norvast

@@ -1,9 +1,7 @@
 // Installed model: the static model that the user put beside the index.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <variant>
 
 #include "embedding/static_model.h"
@@ -27,8 +25,5 @@ std::variant<NoModel, InstalledModel, std::string> loadInstalledModel();
 
 // True when one of its files is there, which is told without reading it.
 bool isModelInstalled();
-
-// How many numbers a vector of the model of that name has; nothing when it is no model's name.
-std::optional<std::size_t> numbersOfModel(std::string_view name);
 
 }  // namespace norvast

@@ -1,6 +1,5 @@
 #include "embedding/sentence_embedding.h"
 
-#include <cstddef>
 #include <utility>
 #include <variant>
 
@@ -20,14 +19,14 @@ std::string_view modelIn(std::string_view scheme) {
   return plus == std::string_view::npos ? std::string_view() : scheme.substr(plus + 1);
 }
 
-// The words' numbers, then `count` of the model's: those of the text, or zeros.
-std::vector<float> joined(const std::vector<double>& words, std::size_t count,
-                          const std::optional<std::vector<double>>& model) {
+// The numbers of the words of a text, then those of the model.
+std::vector<float> joined(const std::vector<double>& words, const StaticModel& model,
+                          std::string_view text) {
   std::vector<float> vector(words.begin(), words.end());
-  vector.resize(words.size() + count);
-  if (!model) return vector;
-  for (std::size_t at = 0; at < count; ++at) {
-    vector[words.size() + at] = static_cast<float>(MODEL_WEIGHT * (*model)[at]);
+  vector.resize(words.size() + model.size());
+  const auto numbers = model.vector(text);
+  for (std::size_t at = 0; numbers && at < numbers->size(); ++at) {
+    vector[words.size() + at] = static_cast<float>(MODEL_WEIGHT * (*numbers)[at]);
   }
   return vector;
 }
@@ -78,18 +77,21 @@ std::string SentenceEmbedding::scheme() const {
 }
 
 std::optional<std::vector<float>> SentenceEmbedding::vector(std::string_view text) const {
-  return queryVector(text, scheme());
+  auto whole = query(text, scheme());
+  if (!whole) return std::nullopt;
+  return std::move(whole->vector);
 }
 
-std::optional<std::vector<float>> SentenceEmbedding::queryVector(
+std::optional<SentenceQuery> SentenceEmbedding::query(
     std::string_view text, const std::optional<std::string>& indexScheme) const {
   const auto words = words_.vector(text);
   if (!words) return std::nullopt;
   const std::string_view name = indexScheme ? modelIn(*indexScheme) : std::string_view();
-  const auto numbers = numbersOfModel(name);
-  if (!numbers) return joined(*words, 0, std::nullopt);
-  const StaticModel* model = inUse_->named(name);
-  return joined(*words, *numbers, model == nullptr ? std::nullopt : model->vector(text));
+  const StaticModel* model = name.empty() ? nullptr : inUse_->named(name);
+  if (model != nullptr) return SentenceQuery{joined(*words, *model, text)};
+  SentenceQuery query{{words->begin(), words->end()}};
+  if (!name.empty()) query.storedNumbers = query.vector.size();
+  return query;
 }
 
 }  // namespace norvast

@@ -2,6 +2,8 @@
 // words and, where the user has installed a model, that model's behind it.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +15,14 @@
 namespace norvast {
 
 struct ModelInUse;
+
+// What stored vectors are compared with.
+struct SentenceQuery {
+  std::vector<float> vector;
+  // How many numbers of a stored vector count, from the first on. What lies behind them is of a
+  // model that is not here.
+  std::size_t storedNumbers = SIZE_MAX;
+};
 
 class SentenceEmbedding {
  public:
@@ -32,11 +42,12 @@ class SentenceEmbedding {
   // to nearest even. Nothing for a text without a letter or digit.
   std::optional<std::vector<float>> vector(std::string_view text) const;
 
-  // The vector by which stored ones of `indexScheme` are searched, as long as they are. When that
-  // names a model, it is loaded at the first call. The numbers of another one are zeros, so that
-  // the words alone decide, as they do where there is no scheme or no model in it.
-  std::optional<std::vector<float>> queryVector(
-      std::string_view text, const std::optional<std::string>& indexScheme) const;
+  // The text's vector, exactly as it was sent, for stored ones of `indexScheme`. When that names a
+  // model, it is loaded at the first call; where it is not installed, or another one is, the words
+  // alone are compared, with the very outcome of an index without a model. Nothing for a text
+  // without a letter or digit.
+  std::optional<SentenceQuery> query(std::string_view text,
+                                     const std::optional<std::string>& indexScheme) const;
 
   SentenceEmbedding(SentenceEmbedding&&) noexcept;
   SentenceEmbedding& operator=(SentenceEmbedding&&) noexcept;

@@ -1,5 +1,6 @@
 #include "store/vector_rows.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstring>
@@ -11,9 +12,9 @@ namespace norvast {
 namespace {
 
 // False when there is no vector at all.
-bool decode(std::span<const std::byte> blob, std::vector<float>& into) {
+bool decode(std::span<const std::byte> blob, std::size_t mostNumbers, std::vector<float>& into) {
   if (blob.empty()) return false;
-  into.resize(blob.size() / sizeof(float));
+  into.resize(std::min(blob.size() / sizeof(float), mostNumbers));
   if constexpr (std::endian::native == std::endian::little) {
     if (!into.empty()) std::memcpy(into.data(), blob.data(), into.size() * sizeof(float));
   } else {
@@ -34,7 +35,7 @@ bool decode(std::span<const std::byte> blob, std::vector<float>& into) {
 template <>
 bool VectorRows<EmbeddingRow>::next(EmbeddingRow& row) {
   while (statement_.step()) {
-    if (!decode(statement_.blob(1), row.vec)) continue;
+    if (!decode(statement_.blob(1), mostNumbers_, row.vec)) continue;
     statement_.text(0, row.path);
     return true;
   }
@@ -44,7 +45,7 @@ bool VectorRows<EmbeddingRow>::next(EmbeddingRow& row) {
 template <>
 bool VectorRows<ChunkRow>::next(ChunkRow& row) {
   while (statement_.step()) {
-    if (!decode(statement_.blob(3), row.vec)) continue;
+    if (!decode(statement_.blob(3), mostNumbers_, row.vec)) continue;
     statement_.text(0, row.path);
     row.ord = statement_.integer(1);
     statement_.text(2, row.text);
@@ -53,18 +54,20 @@ bool VectorRows<ChunkRow>::next(ChunkRow& row) {
   return false;
 }
 
-VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store) {
-  return {store, "SELECT e.path, e.vec FROM embedding e JOIN mcp_exposure m ON m.path = e.path"};
+VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store, std::size_t mostNumbers) {
+  return {store, "SELECT e.path, e.vec FROM embedding e JOIN mcp_exposure m ON m.path = e.path",
+          mostNumbers};
 }
 
-VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store) {
-  return {store, "SELECT path, vec FROM embedding"};
+VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store, std::size_t mostNumbers) {
+  return {store, "SELECT path, vec FROM embedding", mostNumbers};
 }
 
-VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store) {
+VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store, std::size_t mostNumbers) {
   return {store,
           "SELECT c.path, c.ord, c.text, c.vec FROM chunk c JOIN mcp_exposure m ON m.path = c.path "
-          "WHERE m.allow_content = 1"};
+          "WHERE m.allow_content = 1",
+          mostNumbers};
 }
 
 }  // namespace norvast

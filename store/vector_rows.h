@@ -1,6 +1,7 @@
 // Vector rows: the stored embeddings of files and passages, handed over one at a time.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -31,7 +32,8 @@ struct ChunkRow {
 template <typename Row>
 class VectorRows {
  public:
-  VectorRows(const MCPStore& store, const char* sql) : statement_(store.rdb, sql) {}
+  VectorRows(const MCPStore& store, const char* sql, std::size_t mostNumbers)
+      : statement_(store.rdb, sql), mostNumbers_(mostNumbers) {}
 
   // Puts the next row into `row`, reusing the memory that it has. Rows whose blob is empty or NULL
   // are left out; other NULLs read as 0 or the empty text. False at the end and on a failure.
@@ -39,15 +41,18 @@ class VectorRows {
 
  private:
   Statement statement_;
+  std::size_t mostNumbers_;
 };
 
+// Each takes at most that many numbers of a vector, from the first on.
+
 // Of the nominated files.
-VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store);
+VectorRows<EmbeddingRow> allowlistedEmbeddings(const MCPStore& store, std::size_t mostNumbers);
 
 // Of every indexed file.
-VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store);
+VectorRows<EmbeddingRow> libraryEmbeddings(const MCPStore& store, std::size_t mostNumbers);
 
 // Of the nominated files whose content may be read.
-VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store);
+VectorRows<ChunkRow> allowlistedChunks(const MCPStore& store, std::size_t mostNumbers);
 
 }  // namespace norvast

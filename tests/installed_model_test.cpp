@@ -43,6 +43,17 @@ class InstalledModel : public testing::Test {
     return std::filesystem::path(values(answer["passages"], "path").at(0)).filename();
   }
 
+  // All that is found by meaning, with the similarities.
+  static std::string answers(ServerSession& server) {
+    std::string texts;
+    for (const char* query : {"red car", "the garden"}) {
+      texts += server.call("retrieve_passages", {{"query", query}}).text +
+               server.call("semantic_search", {{"query", query}}).text +
+               server.call("ask_norvast", {{"question", query}}).text;
+    }
+    return texts;
+  }
+
   TestHome home;
   std::filesystem::path notes = home.path() / "notes";
   std::filesystem::path folder = home.norvastFolder() / "model";
@@ -76,14 +87,20 @@ TEST_F(InstalledModel, IsUsedFromTheNextRunOn) {
   EXPECT_NE(scheme(), withModel);
   EXPECT_NE(first(server, "auto"), "one.txt");
 
-  // Without it, the words alone decide.
+  // With another one or none, the words alone decide, to the last digit.
+  home.writeFile(home.norvastFolder() / "mcp.librarymeta", "");
+  install(tinyTable(2));
+  ServerSession other(home);
+  const std::string withOther = answers(other);
   std::filesystem::remove_all(folder);
   ServerSession without(home);
-  EXPECT_EQ(first(without, "red car"), "one.txt");
-  EXPECT_EQ(first(without, "green garden"), "two.txt");
+  const std::string withNone = answers(without);
   EXPECT_EQ(add().status, 0);
   EXPECT_EQ(scheme(), "norvast-words-2");
   EXPECT_EQ(vectors(), ofWords);
+  const std::string ofWordsAlone = answers(without);
+  EXPECT_EQ(withOther, ofWordsAlone);
+  EXPECT_EQ(withNone, ofWordsAlone);
 }
 
 TEST_F(InstalledModel, IsPassedOverWhenItIsSpoilt) {

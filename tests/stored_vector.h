@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "embedding/query_embedding.h"
 #include "embedding/sentence_embedding.h"
 
 namespace norvast {
@@ -30,7 +29,7 @@ inline std::string sqlBlob(std::span<const float> values) {
 
 // The vector of a text, as the indexer stores it.
 inline std::vector<float> textVector(const std::string& text) {
-  return embedQuery(SentenceEmbedding::english(), text).value();
+  return SentenceEmbedding::english()->vector(text).value();
 }
 
 inline std::string sqlTextBlob(const std::string& text) { return sqlBlob(textVector(text)); }

@@ -11,11 +11,9 @@
 
 #include "access/audit_trail.h"
 #include "access/switch_files.h"
-#include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
 #include "store/library_queries.h"
 #include "store/nominated_files.h"
-#include "store/settings.h"
 #include "store/term_search.h"
 #include "store/vector_rows.h"
 #include "text/content_terms.h"
@@ -74,14 +72,14 @@ std::vector<Picked> pickByKeywords(const MCPStore& store, const std::string& que
 }
 
 // Fills the places that are left with the files nearest in meaning that are not picked yet.
-void pickByMeaning(const MCPStore& store, std::vector<float> query, std::size_t limit,
+void pickByMeaning(const MCPStore& store, SentenceQuery query, std::size_t limit,
                    std::vector<Picked>& picked) {
   std::unordered_set<std::string> seen;
   for (const Picked& pick : picked) seen.insert(pick.path);
 
-  SimilarityRanking<EmbeddingRow> ranking(std::move(query), limit - picked.size(),
+  SimilarityRanking<EmbeddingRow> ranking(std::move(query.vector), limit - picked.size(),
                                           SamePath::bestAlone);
-  auto rows = libraryEmbeddings(store);
+  auto rows = libraryEmbeddings(store, query.storedNumbers);
   while (rows.next(ranking.slot())) {
     if (!seen.contains(ranking.slot().path)) ranking.add();
   }
@@ -112,8 +110,7 @@ Json askNorvastTool(const Arguments& args, const ToolContext& context) {
 
   std::vector<Picked> picked = pickByKeywords(context.store, question, limit);
   if (picked.size() < limit) {
-    if (auto query = embedQuery(context.sentence, question,
-                                setting(context.store.rdb, EMBEDDING_SCHEME_SETTING))) {
+    if (auto query = context.query(question)) {
       pickByMeaning(context.store, std::move(*query), limit, picked);
     }
   }

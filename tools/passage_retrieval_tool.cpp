@@ -7,9 +7,7 @@
 #include <vector>
 
 #include "access/audit_trail.h"
-#include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
-#include "store/settings.h"
 #include "store/vector_rows.h"
 #include "tools/tool_result.h"
 
@@ -20,10 +18,10 @@ constexpr std::int64_t MOST_PASSAGES = 50;
 
 using Ranking = SimilarityRanking<ChunkRow>;
 
-std::vector<Ranking::Ranked> bestPassages(const MCPStore& store, std::vector<float> query,
+std::vector<Ranking::Ranked> bestPassages(const MCPStore& store, SentenceQuery query,
                                           std::int64_t limit) {
-  Ranking ranking(std::move(query), static_cast<std::size_t>(limit));
-  auto rows = allowlistedChunks(store);
+  Ranking ranking(std::move(query.vector), static_cast<std::size_t>(limit));
+  auto rows = allowlistedChunks(store, query.storedNumbers);
   while (rows.next(ranking.slot())) ranking.add();
   return ranking.take();
 }
@@ -33,16 +31,15 @@ std::vector<Ranking::Ranked> bestPassages(const MCPStore& store, std::vector<flo
 Json retrievePassagesTool(const Arguments& args, const ToolContext& context) {
   const std::string query = args.str("query");
   const std::int64_t limit = std::clamp<std::int64_t>(args.intArg("limit", 8), 1, MOST_PASSAGES);
-  auto vector =
-      embedQuery(context.sentence, query, setting(context.store.rdb, EMBEDDING_SCHEME_SETTING));
-  if (!vector) {
+  auto sentence = context.query(query);
+  if (!sentence) {
     return refuse(context.store,
                   {"retrieve", quoted(query), "embeddings unavailable", Severity::warn},
                   "Passage retrieval unavailable (no embeddings).");
   }
 
   Json::Array passages;
-  for (auto& [rank, row] : bestPassages(context.store, std::move(*vector), limit)) {
+  for (auto& [rank, row] : bestPassages(context.store, std::move(*sentence), limit)) {
     passages.emplace_back(Json::Object{{"path", std::move(row.path)},
                                        {"passage", row.ord},
                                        {"similarity", double{rank.similarity}},

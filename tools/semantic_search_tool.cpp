@@ -7,10 +7,8 @@
 #include <vector>
 
 #include "access/audit_trail.h"
-#include "embedding/query_embedding.h"
 #include "ranking/similarity_ranking.h"
 #include "store/nominated_files.h"
-#include "store/settings.h"
 #include "store/vector_rows.h"
 #include "tools/tool_result.h"
 
@@ -19,10 +17,11 @@ namespace {
 
 using Ranking = SimilarityRanking<EmbeddingRow>;
 
-std::vector<Ranking::Ranked> bestFiles(const MCPStore& store, std::vector<float> query,
+std::vector<Ranking::Ranked> bestFiles(const MCPStore& store, SentenceQuery query,
                                        std::int64_t limit) {
-  Ranking ranking(std::move(query), static_cast<std::size_t>(std::max<std::int64_t>(limit, 0)));
-  auto rows = allowlistedEmbeddings(store);
+  Ranking ranking(std::move(query.vector),
+                  static_cast<std::size_t>(std::max<std::int64_t>(limit, 0)));
+  auto rows = allowlistedEmbeddings(store, query.storedNumbers);
   while (rows.next(ranking.slot())) ranking.add();
   return ranking.take();
 }
@@ -32,16 +31,15 @@ std::vector<Ranking::Ranked> bestFiles(const MCPStore& store, std::vector<float>
 Json semanticSearchTool(const Arguments& args, const ToolContext& context) {
   const std::string query = args.str("query");
   const std::int64_t limit = args.intArg("limit", 10);
-  auto vector =
-      embedQuery(context.sentence, query, setting(context.store.rdb, EMBEDDING_SCHEME_SETTING));
-  if (!vector) {
+  auto sentence = context.query(query);
+  if (!sentence) {
     return refuse(context.store,
                   {"semantic", quoted(query), "embeddings unavailable", Severity::warn},
                   "Semantic search unavailable (no embeddings).");
   }
 
   Json::Array results;
-  for (auto& [rank, row] : bestFiles(context.store, std::move(*vector), limit)) {
+  for (auto& [rank, row] : bestFiles(context.store, std::move(*sentence), limit)) {
     results.emplace_back(Json::Object{{"path", row.path},
                                       {"similarity", double{rank.similarity}},
                                       {"summary", summary(context.store, row.path).value_or("")}});
