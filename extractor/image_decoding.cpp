@@ -8,7 +8,8 @@
 
 #include "extractor/first_frame.h"
 #include "extractor/heif_decoding.h"
-#include "extractor/stored_picture.h"
+#include "extractor/shaded_png.h"
+#include "extractor/tiff_orientation.h"
 
 namespace norvast {
 namespace {
@@ -95,17 +96,6 @@ GrayImage decode(std::string_view bytes) {
   return image ? inGrey(image) : GrayImage();
 }
 
-struct DestroyNumbers {
-  void operator()(Numa* numbers) const { numaDestroy(&numbers); }
-};
-
-// Makes every pixel of that shade white.
-void whiten(const GrayImage& image, std::uint8_t shade) {
-  const std::unique_ptr<Numa, DestroyNumbers> shades(numaMakeSequence(0, 1, 256));
-  if (!shades || numaSetValue(shades.get(), shade, 255) != 0) return;
-  (void)pixTRCMap(image.get(), nullptr, shades.get());
-}
-
 }  // namespace
 
 void DestroyPix::operator()(Pix* image) const { pixDestroy(&image); }
@@ -115,10 +105,9 @@ void prepareImageDecoding() { prepareHeifDecoding(); }
 std::optional<GrayImage> decodeImage(std::string_view bytes) {
   (void)setMsgSeverity(L_SEVERITY_NONE);
   if (isHeif(bytes)) return decodeHeif(bytes);
-  const auto grey = greyPngWithTransparency(bytes);
-  GrayImage image = decode(grey ? grey->opaque : bytes);
+  if (auto image = decodeShadedPng(bytes)) return image;
+  GrayImage image = decode(bytes);
   if (!image) return std::nullopt;
-  if (grey) whiten(image, grey->transparentShade);
   return image;
 }
 

@@ -6,7 +6,6 @@
 
 #include "content/mcp_content.h"
 #include "extractor/first_frame.h"
-#include "extractor/stored_picture.h"
 #include "tests/file_bytes.h"
 
 namespace norvast {
@@ -41,15 +40,6 @@ TEST(ImageText, OfPicturesWithoutALegibleLineIsNothing) {
        {"hidden.png", "texture.jpg", "empty.png", "bitmap.png", "jpeg2000.png"}) {
     EXPECT_FALSE(MCPContent::extract(PICTURES + name, 60'000)) << name;
   }
-}
-
-TEST(GreyPng, IsAPngAlone) {
-  std::string bytes = fileBytes(PICTURES + "shade.png");
-  const auto grey = greyPngWithTransparency(bytes);
-  ASSERT_TRUE(grey);
-  EXPECT_EQ(grey->transparentShade, 0xFF);
-  bytes.front() = 'B';
-  EXPECT_FALSE(greyPngWithTransparency(bytes));
 }
 
 // An animation costs its first frame, however long it is.
