@@ -6,8 +6,8 @@
 namespace norvast {
 
 // The TIFF file with the orientation of its first page, when it has one, made the usual: the
-// decoder turns the picture by it. TIFF 6.0, section 2 and tag 274. In place; bytes that are no such
-// file stay as they are.
+// decoder turns the picture by it. TIFF 6.0, section 2 and tag 274. In place; bytes that are no
+// such file stay as they are.
 void dropTiffOrientation(std::string& bytes);
 
 }  // namespace norvast
