@@ -123,6 +123,7 @@ class DecisionsProperty : public testing::Test {
     std::vector<std::string> arguments = {NORVAST_INDEX};
     arguments.insert(arguments.end(), command.begin(), command.end());
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) words.push_back(argument.data());
     words.push_back(nullptr);
     std::string homeFolder = "HOME=" + home.path().string();

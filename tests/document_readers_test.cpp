@@ -176,7 +176,8 @@ TEST(DamagedFile, IsReadSoundlyOrNotAtAll) {
       std::string bytes = sample;
       if (variant % 2 == 0) bytes.resize(random() % bytes.size());
       for (int flips = variant % 5; flips > 0 && !bytes.empty(); --flips) {
-        bytes[random() % bytes.size()] ^= static_cast<char>(1U << random() % 8);
+        char& byte = bytes[random() % bytes.size()];
+        byte = static_cast<char>(byte ^ (1 << random() % 8));
       }
       expectSound(readAs(kind, bytes));
     }

@@ -96,7 +96,7 @@ TEST(StaticModel, ReadsEveryFormat) {
     ASSERT_NE(model, nullptr) << row.name << ": " << std::get<std::string>(read);
     const auto vector = model->vector(row.text);
     ASSERT_TRUE(vector) << row.name;
-    for (int at : {0, 1}) EXPECT_NEAR((*vector)[at], row.vector[at], 1e-15) << row.name;
+    for (std::size_t at : {0U, 1U}) EXPECT_NEAR((*vector)[at], row.vector[at], 1e-15) << row.name;
     EXPECT_FALSE(model->vector("unknown words")) << row.name;
   }
 }

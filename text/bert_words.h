@@ -19,6 +19,6 @@ struct BertNormalization {
 // and each punctuation mark by itself (of ASCII every graphic character but letters and digits, of
 // the others those of a general category P). Linear in the text.
 // Source: the BertNormalizer and BertPreTokenizer of Hugging Face's tokenizers.
-std::vector<std::string> bertWords(std::string_view text, const BertNormalization& normalization);
+std::vector<std::string> bertWords(std::string_view bytes, const BertNormalization& options);
 
 }  // namespace norvast
