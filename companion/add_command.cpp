@@ -11,11 +11,13 @@
 #include "companion/command_output.h"
 #include "companion/commands.h"
 #include "companion/decision_changes.h"
+#include "companion/forecast_text.h"
 #include "companion/free_space.h"
 #include "companion/index_database.h"
 #include "companion/index_files.h"
 #include "companion/indexing_report_text.h"
 #include "companion/path_range.h"
+#include "companion/scratch_index.h"
 #include "companion/terminal.h"
 #include "companion/territory.h"
 
@@ -73,12 +75,15 @@ std::string unusedPatterns(const std::vector<std::string>& patterns,
 }
 
 ExitStatus indexAndReport(const Connection& index, const std::vector<std::string>& paths,
-                          const std::vector<std::string>& newPatterns, Verbosity verbosity) {
+                          const std::vector<std::string>& newPatterns, const RunChoices& run) {
   const std::vector<std::string> outer = withoutNested(paths);
-  const IndexingReport report = indexFiles(index, outer, verbosity);
-  giveBackSpace(index);
-  if (verbosity == Verbosity::normal) {
-    std::cout << reportText(index, report, outer)
+  const IndexingReport report =
+      run.run == Run::dry ? rehearseIndexing(index, outer, run.selection)
+                          : indexFiles(index, outer, run.verbosity, nullptr, run.selection);
+  if (run.run == Run::real) giveBackSpace(index);
+  if (run.verbosity == Verbosity::normal) {
+    std::cout << (run.run == Run::dry ? forecastText(index, report, outer)
+                                      : reportText(index, report, outer))
               << unusedPatterns(newPatterns, report.leftOut.usedPatterns);
   }
   if (report.obstacle) return failToWrite(*report.obstacle);
@@ -88,7 +93,7 @@ ExitStatus indexAndReport(const Connection& index, const std::vector<std::string
 }  // namespace
 
 ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& choices,
-                      Verbosity verbosity) {
+                      const RunChoices& run) {
   std::vector<std::string> roots;
   std::vector<std::string> remarks;
   for (const std::string& path : paths) {
@@ -99,7 +104,7 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
       remarks.push_back(followed);
     }
   }
-  auto opened = openIndex();
+  auto opened = run.run == Run::dry ? scratchIndex() : openIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
 
@@ -108,14 +113,14 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
     if (change.obstacle) return failToWrite(*change.obstacle);
     remarks.insert(remarks.end(), change.remarks.begin(), change.remarks.end());
   }
-  if (verbosity == Verbosity::normal) {
+  if (run.verbosity == Verbosity::normal) {
     for (const std::string& remark : remarks) std::cout << remark << "\n";
   }
-  return indexAndReport(index, roots, choices.exclusions, verbosity);
+  return indexAndReport(index, roots, choices.exclusions, run);
 }
 
-ExitStatus updateCommand(Verbosity verbosity) {
-  auto opened = existingIndex();
+ExitStatus updateCommand(const RunChoices& run) {
+  auto opened = run.run == Run::dry ? scratchIndex() : existingIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
   const auto decisions = readDecisions(index);
@@ -127,7 +132,7 @@ ExitStatus updateCommand(Verbosity verbosity) {
   }
   std::vector<std::string> roots;
   for (const Root& root : decisions->roots) roots.push_back(root.path);
-  return indexAndReport(index, roots, {}, verbosity);
+  return indexAndReport(index, roots, {}, run);
 }
 
 }  // namespace norvast

@@ -25,8 +25,8 @@ ExitStatus fail(const std::string& why) {
 ExitStatus failWithoutIndex() { return fail(NO_INDEX); }
 
 ExitStatus failToWrite(const std::string& obstacle) {
-  return fail("the index could not be written to the end: " + obstacle +
-              "; mend that and run this again");
+  return fail("the index at " + indexDatabasePath().value_or("") +
+              " could not be written to the end: " + obstacle + "; mend that and run this again");
 }
 
 std::variant<Connection, std::string> existingIndex() {

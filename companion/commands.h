@@ -23,11 +23,20 @@ enum class Switch { on, off };
 // What a command shows, for a person or for a script; the exit status and errors are the same.
 enum class Form { text, json };
 
+// Whether a run does its work, or says what it would do and writes nothing, not even an index.
+enum class Run { real, dry };
+
+struct RunChoices {
+  Run run = Run::real;
+  Selection selection = Selection::changed;
+  Verbosity verbosity = Verbosity::normal;
+};
+
 // Paths are as the user wrote them: files or folders, relative ones too.
 ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& choices,
-                      Verbosity verbosity);
+                      const RunChoices& run);
 // Brings everything that was added up to date.
-ExitStatus updateCommand(Verbosity verbosity);
+ExitStatus updateCommand(const RunChoices& run);
 // The same, and then follows each change until the program is told to end.
 ExitStatus watchCommand(Verbosity verbosity);
 

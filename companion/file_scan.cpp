@@ -45,11 +45,11 @@ class Scan {
 
   void run(const std::string& root, const std::string& start) {
     if (isSensitive(root)) {
-      ++report_.sensitivePaths;
+      report_.sensitivePaths.add(root);
       return;
     }
     if (!isIndexable(root)) {
-      report_.unusableNames.push_back(root);
+      report_.unusableNames.add(root);
       return;
     }
     if (!isReached(root, start)) return;
@@ -136,11 +136,11 @@ class Scan {
   bool isTaken(const std::string& path, std::string_view name, EntryKind kind) {
     if (name.starts_with('.')) return false;
     if (isSensitive(path)) {
-      ++report_.sensitivePaths;
+      report_.sensitivePaths.add(path);
       return false;
     }
     if (!isIndexable(name)) {
-      report_.unusableNames.push_back(path);
+      report_.unusableNames.add(path);
       return false;
     }
     return filter_.takes(path, name, kind);

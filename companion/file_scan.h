@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "companion/path_sample.h"
+
 namespace norvast {
 
 // A regular file as it was when the scan met it.
@@ -20,8 +22,8 @@ struct ScannedFile {
 // What a scan passed over for a reason that the user should hear of.
 struct ScanReport {
   std::vector<std::string> unreadableFolders;  // wholly or in part
-  std::vector<std::string> unusableNames;      // with a line break or bytes that are not UTF-8
-  std::uint64_t sensitivePaths = 0;
+  PathSample unusableNames;                    // with a line break or bytes that are not UTF-8
+  PathSample sensitivePaths;
 };
 
 enum class EntryKind { file, folder };

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <span>
 #include <system_error>
-#include <unordered_map>
 #include <utility>
 
 #include "companion/batch_writing.h"
 #include "companion/decisions.h"
 #include "companion/file_analysis.h"
+#include "companion/known_files.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
 #include "companion/reembedding.h"
@@ -27,36 +28,6 @@ constexpr auto LONGEST_BATCH = std::chrono::seconds(2);
 
 using Clock = std::chrono::steady_clock;
 
-struct KnownFile {
-  std::int64_t sizeBytes = 0;
-  std::int64_t modified = 0;
-  std::int64_t nanoseconds = 0;
-  std::optional<FailedFile> failure;
-  bool isThere = false;
-
-  bool isSame(const ScannedFile& file) const {
-    return sizeBytes == file.sizeBytes && modified == file.modified &&
-           nanoseconds == file.nanoseconds;
-  }
-};
-
-// A part of a root, or a whole one.
-struct Place {
-  std::string root;
-  std::string start;
-};
-
-// The places at and below the path, one for each root that they lie in.
-std::vector<Place> placesWithin(const Decisions& decisions, const std::string& path) {
-  std::vector<Place> places;
-  const Root* outer = decisions.rootOf(path);
-  if (outer != nullptr) places.push_back({outer->path, path});
-  for (const Root& root : decisions.rootsWithin(path)) {
-    if (root.path != path) places.push_back({root.path, root.path});
-  }
-  return places;
-}
-
 // False when nothing is there any more; what cannot be looked at may be.
 bool isThere(const std::string& path) {
   std::error_code failure;
@@ -64,11 +35,20 @@ bool isThere(const std::string& path) {
          std::filesystem::file_type::not_found;
 }
 
+// Whether files are read, or it is only told which would be.
+enum class Reading { done, spared };
+
+struct Work {
+  Selection selection = Selection::changed;
+  Reading reading = Reading::done;
+  Verbosity verbosity = Verbosity::quiet;
+};
+
 class Indexing {
  public:
-  Indexing(const Connection& index, Verbosity verbosity, const std::function<bool()>& isToStop)
+  Indexing(const Connection& index, const Work& work, const std::function<bool()>& isToStop)
       : index_(index),
-        verbosity_(verbosity),
+        work_(work),
         isToStop_(isToStop),
         writing_(index),
         moved_(index),
@@ -82,7 +62,7 @@ class Indexing {
     }
     settleScheme();
     for (const std::string& path : paths) {
-      for (const Place& place : placesWithin(*decisions, path)) {
+      for (const RootPlace& place : placesWithin(*decisions, path)) {
         if (!report_.obstacle) index(*decisions, place);
       }
     }
@@ -95,8 +75,12 @@ class Indexing {
   void settleScheme() {
     if (!sentence_) return;
     report_.modelObjection = sentence_->useInstalledModel();
+    if (work_.reading == Reading::spared) {
+      report_.embeddedAgain = countToEmbedAgain(index_, *sentence_);
+      return;
+    }
     writing_.scheme = sentence_->scheme();
-    Reembedding again = embedAgain(index_, *sentence_, verbosity_);
+    Reembedding again = embedAgain(index_, *sentence_, work_.verbosity);
     report_.embeddedAgain = again.files;
     report_.obstacle = std::move(again.obstacle);
   }
@@ -114,7 +98,7 @@ class Indexing {
            std::all_of(decisions.roots.begin(), decisions.roots.end(), isWithin);
   }
 
-  void index(const Decisions& decisions, const Place& place) {
+  void index(const Decisions& decisions, const RootPlace& place) {
     if (!isThere(place.root)) {
       report_.missingRoots.push_back(place.root);
       return;
@@ -123,7 +107,7 @@ class Indexing {
     std::vector<ScannedFile> changed;
     Territory territory(decisions, *decisions.rootOf(place.root), report_.leftOut);
     MeetingFilter filter(territory, moved_);
-    if (!readKnown(decisions, place)) {
+    if (!known_.read(index_, decisions, place)) {
       report_.obstacle = index_.lastFailure();
       return;
     }
@@ -138,41 +122,27 @@ class Indexing {
     report_.obstacle = writing_.obstacle;
   }
 
-  // Of the place's own root, not of those within it.
-  bool readKnown(const Decisions& decisions, const Place& place) {
-    known_.clear();
-    const bool isAlone = placesWithin(decisions, place.start).size() == 1;
-    const PathRange range(place.start);
-    Statement statement(
-        index_,
-        std::string("SELECT path, size, modified, nanoseconds FROM file WHERE ") + AT_OR_BELOW,
-        std::vector{range.path, range.firstBelow, range.firstBehind});
-    while (statement.step()) {
-      std::string path = statement.text(0);
-      if (!isAlone && decisions.rootOf(path)->path != place.root) continue;
-      known_[std::move(path)] = {statement.integer(1), statement.integer(2), statement.integer(3),
-                                 std::nullopt};
-    }
-    auto failed = failedFiles(index_, place.start);
-    if (!statement.isDone() || !failed) return false;
-    for (FailedFile& file : *failed) {
-      const auto known = known_.find(file.path);
-      if (known != known_.end()) known->second.failure = std::move(file);
-    }
-    return true;
-  }
-
-  // Marks a file that is known, and keeps it when it is to be indexed.
+  // Keeps a file that is to be indexed.
   void sort(ScannedFile file, std::vector<ScannedFile>& changed) {
-    const auto known = known_.find(file.path);
-    if (known != known_.end()) known->second.isThere = true;
-    const bool isUnchanged = known != known_.end() && known->second.isSame(file) &&
-                             !(known->second.failure && isTriedAgain(*known->second.failure));
-    if (isUnchanged) {
-      ++report_.unchanged;
-    } else {
-      changed.push_back(std::move(file));
+    switch (known_.meet(file)) {
+      case FileChange::none:
+        if (work_.selection == Selection::changed) {
+          ++report_.unchanged;
+          return;
+        }
+        ++report_.readAgain;
+        break;
+      case FileChange::failedBefore:
+        ++report_.readAgain;
+        break;
+      case FileChange::isNew:
+        ++report_.added;
+        break;
+      case FileChange::content:
+        ++report_.changed;
+        break;
     }
+    changed.push_back(std::move(file));
   }
 
   // Before what was moved is indexed where it lies now.
@@ -189,7 +159,7 @@ class Indexing {
 
   // False when the index could not be written to the end.
   bool indexChanged(std::vector<ScannedFile> changed) {
-    Progress progress(changed.size(), verbosity_ == Verbosity::quiet);
+    Progress progress(changed.size(), work_.verbosity == Verbosity::quiet);
     for (ScannedFile& file : changed) {
       if (isToStop_ && isToStop_()) break;
       indexFile(std::move(file));
@@ -200,27 +170,21 @@ class Indexing {
   }
 
   void indexFile(ScannedFile file) {
-    FileAnalysis analysis = analyseFile(file.path, sentence_);
-    const auto known = known_.find(file.path);
+    FileAnalysis analysis =
+        work_.reading == Reading::done ? analyseFile(file.path, sentence_) : FileAnalysis();
     if (analysis.failure == ReadFailure::gone) {
-      if (known != known_.end()) known->second.isThere = false;
+      known_.lose(file.path);
       return;
     }
     if (analysis.failure) {
       report_.failures.push_back({file.path, *analysis.failure, READER_VERSION});
-      if (known != known_.end() && isStillSo(known->second, file, report_.failures.back())) {
+      if (known_.isStillSo(file, report_.failures.back())) {
         ++report_.unchanged;
         return;
       }
     }
     passages_ += analysis.passages.size();
     batch_.push_back({std::move(file), std::move(analysis)});
-  }
-
-  // Tried again with the same outcome, which is written down already.
-  static bool isStillSo(const KnownFile& known, const ScannedFile& file, const FailedFile& failed) {
-    return known.isSame(file) && known.failure && known.failure->reason == failed.reason &&
-           known.failure->reader == failed.reader;
   }
 
   bool isBatchFull() const {
@@ -236,31 +200,19 @@ class Indexing {
     return isWritten;
   }
 
-  // What lies in a folder that this place's scan could not read is hidden, not gone.
   bool dropVanished(std::size_t unreadableBefore) {
-    const auto& unreadable = report_.scan.unreadableFolders;
-    const std::vector<PathRange> hidden(
-        unreadable.begin() + static_cast<std::ptrdiff_t>(unreadableBefore), unreadable.end());
-    std::vector<std::string> vanished;
-    for (const auto& [path, known] : known_) {
-      const bool isHidden = !known.isThere && std::any_of(hidden.begin(), hidden.end(),
-                                                          [&path = path](const PathRange& folder) {
-                                                            return folder.contains(path);
-                                                          });
-      if (!known.isThere && !isHidden) vanished.push_back(path);
-    }
-    std::sort(vanished.begin(), vanished.end());  // neighbours lie on the same pages
-    return writing_.remove(vanished, report_.removed);
+    const std::span unreadable(report_.scan.unreadableFolders);
+    return writing_.remove(known_.vanished(unreadable.subspan(unreadableBefore)), report_.removed);
   }
 
   const Connection& index_;
-  Verbosity verbosity_;
+  Work work_;
   const std::function<bool()>& isToStop_;
   BatchWriting writing_;
   MovedRules moved_;
   std::optional<SentenceEmbedding> sentence_;
   IndexingReport report_;
-  std::unordered_map<std::string, KnownFile> known_;  // of the place at hand
+  KnownFiles known_;  // of the place at hand
   std::vector<AnalysedFile> batch_;
   std::size_t passages_ = 0;  // in the batch
   Clock::time_point batchStart_ = Clock::now();
@@ -269,8 +221,15 @@ class Indexing {
 }  // namespace
 
 IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity, const std::function<bool()>& isToStop) {
-  return Indexing(index, verbosity, isToStop).run(paths);
+                          Verbosity verbosity, const std::function<bool()>& isToStop,
+                          Selection selection) {
+  return Indexing(index, {selection, Reading::done, verbosity}, isToStop).run(paths);
+}
+
+IndexingReport rehearseIndexing(const Connection& scratch, const std::vector<std::string>& paths,
+                                Selection selection) {
+  const std::function<bool()> never;
+  return Indexing(scratch, {selection, Reading::spared, Verbosity::quiet}, never).run(paths);
 }
 
 IndexingReport removeUnindexed(const Connection& index, const std::string& path) {

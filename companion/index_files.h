@@ -17,7 +17,12 @@
 namespace norvast {
 
 struct IndexingReport {
-  std::uint64_t indexed = 0;    // new and changed files, and those that were tried again
+  // Files that were to be read, which were new, changed, or read again though they are as they
+  // were: because it was told so, or because they failed for a reason that may have passed.
+  std::uint64_t added = 0;
+  std::uint64_t changed = 0;
+  std::uint64_t readAgain = 0;
+  std::uint64_t indexed = 0;    // of them those whose rows were written
   std::uint64_t unchanged = 0;  // of the same size and modification time as when they were indexed
   std::uint64_t removed = 0;    // gone from disk or left out, and so from every table
   std::uint64_t embeddedAgain = 0;  // whose vectors were of another scheme; not read for that
@@ -31,6 +36,9 @@ struct IndexingReport {
   std::optional<std::string> obstacle;
 };
 
+// The files that are read: those that changed, or all.
+enum class Selection { changed, all };
+
 // Indexes the files at and below each path, as far as they lie in a root and no rule leaves them
 // out, and removes the rows of files that are gone from there. A path is absolute and free of
 // links: a root, a file or folder within one, which may be gone, or a folder that holds roots. What
@@ -43,7 +51,13 @@ struct IndexingReport {
 // decisions may change meanwhile; the last ones hold for all files.
 // `isToStop` is asked before each file, and ends the run early.
 IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity, const std::function<bool()>& isToStop = nullptr);
+                          Verbosity verbosity, const std::function<bool()>& isToStop = nullptr,
+                          Selection selection = Selection::changed);
+
+// Does the same to a scratch index (companion/scratch_index.h) but for reading files: what would be
+// read counts as indexed.
+IndexingReport rehearseIndexing(const Connection& scratch, const std::vector<std::string>& paths,
+                                Selection selection);
 
 // Removes the rows of all files at or below the path that are not to be indexed, in batches as
 // above. Adds up what was removed.

@@ -29,6 +29,8 @@ struct CommandLine {
   std::string position;
   std::string client;
   bool isQuiet = false;
+  bool isDry = false;
+  bool isForced = false;
   bool isContent = false;
   bool isMetadata = false;
   bool isFollowing = false;
@@ -59,6 +61,10 @@ void addQuiet(CLI::App& subcommand, CommandLine& line) {
   subcommand.add_flag("--quiet", line.isQuiet, "Say nothing unless something fails");
 }
 
+void addDryRun(CLI::App& subcommand, CommandLine& line) {
+  subcommand.add_flag("--dry-run", line.isDry, "Say what would be done, and write nothing");
+}
+
 Verbosity verbosityOf(const CommandLine& line) {
   return line.isQuiet ? Verbosity::quiet : Verbosity::normal;
 }
@@ -68,6 +74,11 @@ CLI::Option* addJson(CLI::App& subcommand, CommandLine& line) {
 }
 
 Form formOf(const CommandLine& line) { return line.isJson ? Form::json : Form::text; }
+
+RunChoices runOf(const CommandLine& line) {
+  return {line.isDry ? Run::dry : Run::real, line.isForced ? Selection::all : Selection::changed,
+          verbosityOf(line)};
+}
 
 void defineAdd(CLI::App& app, CommandLine& line) {
   CLI::App* add = addSubcommand(app, "add", "Index files and folders from now on",
@@ -80,28 +91,28 @@ void defineAdd(CLI::App& app, CommandLine& line) {
   add->add_option("--exclude", line.choices.exclusions,
                   "Leave out names, or paths below PATH, that match this shell "
                   "pattern; remembered")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+      ->allow_extra_args(false);  // one value each: a path may follow
   add->add_option("--no-exclude", line.choices.noExclusions, "Forget such a pattern")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+      ->allow_extra_args(false);
   CLI::Option* all = add->add_flag("--no-gitignore", line.takesGitIgnored,
                                    "Take in what git ignores in a work tree; remembered");
   add->add_flag("--gitignore", line.leavesOutGitIgnored, "Leave it out again (the default)")
       ->excludes(all);
+  add->add_flag("--force", line.isForced, "Read unchanged files again, too");
+  addDryRun(*add, line);
   addQuiet(*add, line);
   add->callback([&line] {
     line.choices.nomination = nominationOf(line.nominate);
     if (line.leavesOutGitIgnored) line.choices.gitIgnored = GitIgnored::leftOut;
     if (line.takesGitIgnored) line.choices.gitIgnored = GitIgnored::indexed;
-    line.command = [&line] { return addCommand(line.paths, line.choices, verbosityOf(line)); };
+    line.command = [&line] { return addCommand(line.paths, line.choices, runOf(line)); };
   });
 
   CLI::App* update = addSubcommand(app, "update", "Take up what changed in all that was added",
                                    "norvast_index update --quiet");
+  addDryRun(*update, line);
   addQuiet(*update, line);
-  update->callback(
-      [&line] { line.command = [&line] { return updateCommand(verbosityOf(line)); }; });
+  update->callback([&line] { line.command = [&line] { return updateCommand(runOf(line)); }; });
 }
 
 void defineWatch(CLI::App& app, CommandLine& line) {

@@ -142,6 +142,10 @@ std::uint64_t countFiles(const Connection& index) {
 
 }  // namespace
 
+std::uint64_t countToEmbedAgain(const Connection& index, const SentenceEmbedding& sentence) {
+  return EmbeddingAgain(index, sentence).isDone() ? 0 : countFiles(index);
+}
+
 Reembedding embedAgain(const Connection& index, const SentenceEmbedding& sentence,
                        Verbosity verbosity) {
   Reembedding done;

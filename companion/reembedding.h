@@ -25,4 +25,7 @@ struct Reembedding {
 Reembedding embedAgain(const Connection& index, const SentenceEmbedding& sentence,
                        Verbosity verbosity);
 
+// The number of files for which that is to be done.
+std::uint64_t countToEmbedAgain(const Connection& index, const SentenceEmbedding& sentence);
+
 }  // namespace norvast

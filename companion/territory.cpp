@@ -33,7 +33,7 @@ Territory::Territory(const Decisions& decisions, const Root& root, LeftOut& left
 bool Territory::enters(const std::string& folder) {
   if (folder == ownFolder_) return false;
   if (folder != root_.path && isCacheFolder(folder)) {
-    ++leftOut_.cacheFolders;
+    leftOut_.cacheFolders.add(folder);
     return false;
   }
   if (gitIgnores_) gitIgnores_->enter(folder);
@@ -43,13 +43,16 @@ bool Territory::enters(const std::string& folder) {
 }
 
 bool Territory::takes(const std::string& path, std::string_view name, EntryKind kind) {
-  if (isPlain_ ? isLeftOutHere_ : !isDecidedFor(path, kind)) return false;
+  if (isPlain_ ? isLeftOutHere_ : !isDecidedFor(path, kind)) {
+    if (!decisions_.isRoot(path)) leftOut_.ruledOut.add(path);
+    return false;
+  }
   if (isExcluded(path, name, kind)) {
-    ++leftOut_.excluded;
+    leftOut_.excluded.add(path);
     return false;
   }
   if (gitIgnores_ && gitIgnores_->ignores(path, kind)) {
-    ++leftOut_.gitIgnored;
+    leftOut_.gitIgnored.add(path);
     return false;
   }
   return true;

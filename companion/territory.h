@@ -1,7 +1,6 @@
 // Territory: what of a root is indexed by its scan, as far as the user decided that.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -12,6 +11,7 @@
 #include "companion/exclusions.h"
 #include "companion/file_scan.h"
 #include "companion/git_ignores.h"
+#include "companion/path_sample.h"
 
 namespace norvast {
 
@@ -20,9 +20,10 @@ std::optional<std::string> indexFolder();
 
 // What a scan left out because of what the user decided.
 struct LeftOut {
-  std::uint64_t excluded = 0;  // files and folders, by a pattern
-  std::uint64_t gitIgnored = 0;
-  std::uint64_t cacheFolders = 0;
+  PathSample ruledOut;  // files and folders, by a rule
+  PathSample excluded;  // by a pattern
+  PathSample gitIgnored;
+  PathSample cacheFolders;
   std::set<std::string> usedPatterns;
 };
 

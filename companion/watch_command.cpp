@@ -10,6 +10,7 @@
 #include "companion/watch_lock.h"
 #include "companion/watching.h"
 #include "platform/stop_signal.h"
+#include "store/mcp_store.h"
 
 namespace norvast {
 namespace {
@@ -32,7 +33,8 @@ ExitStatus watchCommand(Verbosity verbosity) {
   if (!lock) {
     const auto other = folder ? watchingProcess(*folder) : std::nullopt;
     return fail(other ? "process " + *other + " watches this index already"
-                      : "the folder of the index cannot be written to");
+                      : "the folder of " + indexDatabasePath().value_or("") +
+                            " cannot be written to");
   }
   const auto stop = StopSignal::open();
   if (!stop) return fail("the system gives no way to be told to end");

@@ -59,4 +59,8 @@ Connection Connection::openReadWrite(const std::string& path) {
   return open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
 }
 
+Connection Connection::openInMemory() {
+  return open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY | SQLITE_OPEN_URI);
+}
+
 }  // namespace norvast

@@ -29,6 +29,9 @@ class Connection {
   // that fails.
   static Connection openReadWrite(const std::string& path);
 
+  // A new, empty database in memory; files can be attached to it by their URIs.
+  static Connection openInMemory();
+
   explicit operator bool() const { return handle_ != nullptr; }
 
   // Why the last statement on it failed, as the end of a sentence about the index: "the disk is
