@@ -15,7 +15,7 @@ constexpr std::uint64_t ADDRESS_SPACE_BYTES = 0;  // shadow memory takes terabyt
 constexpr std::uint64_t ADDRESS_SPACE_BYTES = std::uint64_t{768} << 20;
 #endif
 
-// Less than the wall-clock deadline of who waits for us.
+// What a program could use at the most before the deadline of who waits for it.
 constexpr std::uint64_t CPU_SECONDS = 25;
 
 }  // namespace
