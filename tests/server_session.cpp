@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 
 namespace norvast {
@@ -109,6 +110,14 @@ ToolAnswer ServerSession::call(const std::string& tool, const nlohmann::json& ar
   }
   const nlohmann::json& result = answer["result"];
   return {result["content"][0]["text"], result["isError"]};
+}
+
+void ServerSession::endBy(int signal) {
+  int status = 0;
+  EXPECT_EQ(kill(pid_, signal), 0);
+  EXPECT_EQ(waitpid(pid_, &status, 0), pid_);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << "wait status " << status;
+  pid_ = -1;
 }
 
 std::string ServerSession::end() {

@@ -49,6 +49,9 @@ class ServerSession {
   // standard error stayed empty.
   std::string end();
 
+  // Ends it by that signal, whatever it is doing.
+  void endBy(int signal);
+
   // Stops reading the server's output, as a client that went away.
   void closeOutput() { output_ = Descriptor(); }
 
