@@ -38,6 +38,9 @@ class BatchWriting {
   // Removes all rows of the files, a batch in a transaction, and adds them to `removed`.
   bool remove(const std::vector<std::string>& paths, std::uint64_t& removed);
 
+  // After the decisions were changed through the same connection.
+  void forgetDecisions() { current_.forget(); }
+
   std::optional<std::string> obstacle;
 
   // Of the vectors that `replace` writes; those in the index must be of the same. Empty where there

@@ -105,6 +105,8 @@ class Indexing {
     }
     const std::size_t unreadableBefore = report_.scan.unreadableFolders.size();
     std::vector<ScannedFile> changed;
+    // A root before this one may have taken hours.
+    if (place.start == place.root) moved_.look();
     Territory territory(decisions, *decisions.rootOf(place.root), report_.leftOut);
     MeetingFilter filter(territory, moved_);
     if (!known_.read(index_, decisions, place)) {
@@ -149,6 +151,7 @@ class Indexing {
   bool carryRules(std::vector<ScannedFile>& changed) {
     const auto carried = moved_.carry();
     if (!carried || carried->empty()) return carried.has_value();
+    writing_.forgetDecisions();
     report_.movedRules.insert(report_.movedRules.end(), carried->begin(), carried->end());
     const auto decisions = readDecisions(index_);
     if (!decisions) return false;

@@ -79,8 +79,10 @@ std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const 
   return moved;
 }
 
-MovedRules::MovedRules(const Connection& index) : index_(index) {
-  Statement statement(index,
+void MovedRules::look() {
+  missed_.clear();
+  stale_.clear();
+  Statement statement(index_,
                       "SELECT path, identity FROM rule WHERE kind NOT IN ('content', 'metadata')");
   while (statement.step()) {
     const std::string path = statement.text(0);

@@ -33,7 +33,10 @@ std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const 
 // (platform/file_identity.h).
 class MovedRules {
  public:
-  explicit MovedRules(const Connection& index);
+  explicit MovedRules(const Connection& index) : index_(index) { look(); }
+
+  // Finds out what lies no more where it was decided about.
+  void look();
 
   // Something that a scan comes to.
   void meet(const std::string& path);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "companion/index_database.h"
+#include "companion/index_files.h"
 #include "companion/moved_folder.h"
 #include "companion/moved_rules.h"
 #include "companion/rules.h"
@@ -218,6 +219,28 @@ TEST_F(DecisionsTest, HoldWhereAFolderIsMovedTo) {
                          " WHERE path LIKE '%/older/x' OR path LIKE '%/opened/o'"),
               Rows{"2"});
   }
+}
+
+// Before the run that indexes it there, and while that reads another file.
+TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
+  if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
+  const std::string more = home.path().string() + "/more";
+  home.writeFile(more + "/m", "1");
+  run("add --nominate content", ". ../more");
+  run("withdraw", "private old");
+  std::filesystem::rename(docs + "private", more + "/before");
+  write("a new file");
+  setenv("HOME", home.path().c_str(), 1);
+  const auto opened = openIndex();
+  const auto& connection = std::get<Connection>(opened);
+  (void)indexFiles(connection, {docs.substr(0, docs.size() - 1), more}, Verbosity::quiet, [&] {
+    std::error_code done;
+    std::filesystem::rename(docs + "old", more + "/meanwhile", done);
+    return false;
+  });
+  EXPECT_EQ(home.query("SELECT count(*) FROM file WHERE path LIKE '%/more/%'"), Rows{"4"});
+  EXPECT_EQ(home.query("SELECT name FROM mcp_exposure JOIN file USING (path)"),
+            Rows({"a", "a new file", "m"}));
 }
 
 // What is not shown stays so under its new name; only a later decision about that changes it.
