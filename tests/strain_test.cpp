@@ -44,10 +44,10 @@ class Library {
 
   // The answer's text behind "ok " or "error ".
   std::string ask(const std::string& tool, const std::string& text) const {
-    static const auto sentence = SentenceEmbedding::english();
+    static const auto SENTENCE = SentenceEmbedding::english();
     const Json::Object arguments{{"path", text}, {"query", text}, {"question", text}};
     const std::string json = writeJson(arguments, JsonStyle::compact).value();
-    const Json result = callTool(tool, Arguments(JsonText::parse(json)), store_, sentence);
+    const Json result = callTool(tool, Arguments(JsonText::parse(json)), store_, SENTENCE);
     const std::string written = writeJson(result, JsonStyle::compact).value();
     const auto answer = nlohmann::json::parse(written);
     return (answer["isError"] ? "error " : "ok ") + answer["content"][0]["text"].get<std::string>();
@@ -152,8 +152,8 @@ bool mayFollowFailure(const std::string& tool, const std::string& answer,
 class Strain : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    static const bool once = (makeSqliteFaulty(), true);
-    (void)once;
+    static const bool ONCE = (makeSqliteFaulty(), true);
+    (void)ONCE;
   }
 };
 
@@ -218,7 +218,8 @@ TEST_F(Strain, OfDamagedIndexesIsAnswered) {
   std::string bytes = whole;
   for (long at = seed() % strideOf(199); at < PAGE_BYTES; at += strideOf(199)) {
     bytes = whole;
-    bytes[static_cast<std::size_t>(at)] ^= static_cast<char>(1 + any(255));
+    char& byte = bytes[static_cast<std::size_t>(at)];
+    byte = static_cast<char>(byte ^ static_cast<char>(1 + any(255)));
     askAll(bytes);
   }
   for (long size = 0; size < std::ssize(whole); size += PAGE_BYTES * strideOf(16)) {

@@ -12,7 +12,7 @@ constexpr std::string_view ENGLISH = "eng";
 // Chinese has a model for each of its scripts.
 std::string modelName(std::string_view locale) {
   const std::string name(locale.substr(0, locale.find_first_of(".@")));
-  const std::string language = uloc_getISO3Language(name.c_str());
+  std::string language = uloc_getISO3Language(name.c_str());
   if (language != "zho") return language;
   const bool isTraditional = name.starts_with("zh_TW") || name.starts_with("zh_HK");
   return isTraditional ? "chi_tra" : "chi_sim";

@@ -87,17 +87,17 @@ ScalarKind scalarKindOf(char32_t scalar) {
   return u_islower(character) != 0 ? ScalarKind::small : ScalarKind::otherLetter;
 }
 
-std::string lowerCased(std::u32string_view run) {
+std::string lowerCased(std::u32string_view scalars) {
   std::string text;
-  if (std::all_of(run.begin(), run.end(), [](char32_t scalar) { return scalar < 0x80; })) {
-    for (const char32_t scalar : run) {
+  if (std::all_of(scalars.begin(), scalars.end(), [](char32_t scalar) { return scalar < 0x80; })) {
+    for (const char32_t scalar : scalars) {
       const bool isCapital = scalar >= 'A' && scalar <= 'Z';
       text += static_cast<char>(isCapital ? scalar + ('a' - 'A') : scalar);
     }
     return text;
   }
   icu::UnicodeString word;
-  for (const char32_t scalar : run) word.append(static_cast<UChar32>(scalar));
+  for (const char32_t scalar : scalars) word.append(static_cast<UChar32>(scalar));
   return word.toLower(icu::Locale::getRoot()).toUTF8String(text);
 }
 

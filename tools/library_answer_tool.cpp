@@ -42,6 +42,7 @@ std::vector<KeywordHits> countHits(const MCPStore& store, const std::string& que
   std::map<std::string, std::int64_t> occurrences;
   for (std::string& term : contentTerms(question)) ++occurrences[std::move(term)];
   std::vector<std::string> terms;
+  terms.reserve(occurrences.size());
   for (const auto& occurrence : occurrences) terms.push_back(occurrence.first);
 
   std::unordered_map<std::string, std::int64_t> counts;
