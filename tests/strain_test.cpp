@@ -119,7 +119,8 @@ bool isLeftOf(const nlohmann::json& part, const nlohmann::json& whole) {
       return whole.contains(member.key()) && isLeftOf(member.value(), whole[member.key()]);
     });
   }
-  return part == 0 || part == "" || part == false;
+  const bool isNoText = part.is_string() && part.get_ref<const std::string&>().empty();
+  return part == 0 || isNoText || part == false;
 }
 
 // Whether a tool may answer so when statements failed, where it would have answered `whole`.
