@@ -42,10 +42,13 @@ std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
   return document;
 }
 
+const char* programOf(std::string_view kind) {
+  if (kind == "mail" || kind == "mailbox") return "norvast_extract_mail";
+  return kind.starts_with("old-") ? "norvast_extract_old_office" : "norvast_extract_document";
+}
+
 IsolatedReader readerOf(std::string_view kind) {
-  const bool isMail = kind == "mail" || kind == "mailbox";
-  return {isMail ? "norvast_extract_mail" : "norvast_extract_document",
-          {std::string(kind), std::to_string(READ_CHARACTERS)}};
+  return {programOf(kind), {std::string(kind), std::to_string(READ_CHARACTERS)}};
 }
 
 }  // namespace

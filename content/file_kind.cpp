@@ -19,7 +19,7 @@ struct Extensions {
   std::string_view list;  // each between two blanks
 };
 
-constexpr std::array<Extensions, 12> DOCUMENTS = {{
+constexpr std::array<Extensions, 16> DOCUMENTS = {{
     {"word", " docx docm dotx dotm "},
     {"spreadsheet", " xlsx xlsm xltx xltm "},
     {"presentation", " pptx pptm ppsx ppsm potx potm "},
@@ -31,14 +31,22 @@ constexpr std::array<Extensions, 12> DOCUMENTS = {{
     {"notebook", " ipynb "},
     {"mail", " eml mht mhtml "},
     {"mailbox", " mbox "},
+    {"old-word", " doc dot "},
+    {"old-spreadsheet", " xls xlt "},
+    {"old-presentation", " ppt pps pot "},
+    {"old-mail", " msg "},
     {"packed", " zip tar gz tgz bz2 tbz tbz2 xz txz lzma zst tzst 7z rar iso cab "},
 }};
 
 // Extensions of files that nothing else than text is kept in, so far as there are any.
 constexpr std::string_view TEXTS = " txt text md markdown rst csv tsv log org tex srt vtt ";
 
-// Files of older office programs, which no library here reads: some hold long runs of plain text.
-constexpr std::string_view UNREAD = " doc dot xls xlt ppt pps msg pages numbers key ";
+// Files of office programs that no library here reads: some hold long runs of plain text.
+constexpr std::string_view UNREAD = " pages numbers key ";
+
+// Begins the files of older office programs. Many pages, RTF and plain texts have the extensions of
+// those, since their programs open them.
+constexpr std::string_view COMPOUND_FILE = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
 struct Signature {
   std::string_view bytes;
@@ -64,7 +72,7 @@ constexpr std::array<Signature, 17> SIGNATURES = {{
     {"\x28\xB5\x2F\xFD", {Way::document, "packed"}},
     {"7z\xBC\xAF\x27\x1C", {Way::document, "packed"}},
     {"Rar!\x1A\x07", {Way::document, "packed"}},
-    {"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", {Way::none, {}}},
+    {COMPOUND_FILE, {Way::none, {}}},
     {"\x7F"
      "ELF",
      {Way::none, {}}},
@@ -150,6 +158,9 @@ FileKind fileKind(std::string_view extension, std::string_view leadingBytes) {
   const bool isText = isIn(TEXTS, extension);
   if (document == DOCUMENTS.end() && !isText) return byContent(leadingBytes);
   const std::string_view kind = isText ? std::string_view() : document->kind;
+  if (kind.starts_with("old-") && !leadingBytes.starts_with(COMPOUND_FILE)) {
+    return byContent(leadingBytes);
+  }
   if (liesAboutText(kind, leadingBytes)) return {Way::lies, {}};
   return {isText ? Way::text : Way::document, kind};
 }

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "extractor/html_reader.h"
+#include "extractor/mail_text.h"
 #include "extractor/reading_bounds.h"
 #include "text/encoding.h"
 
@@ -72,25 +73,6 @@ std::string charsetOf(GMimeObject* object) {
 bool isAttachment(GMimeObject* object) {
   return g_mime_object_get_disposition(object) != nullptr &&
          g_ascii_strcasecmp(g_mime_object_get_disposition(object), "attachment") == 0;
-}
-
-// Adds plain text by paragraphs, those that it quotes and its signature as asides.
-void addPlain(std::string_view text, DocumentBuilder& document) {
-  std::string paragraph;
-  Kind kind = Kind::paragraph;
-  bool isSignature = false;
-  while (!text.empty() && !document.isFull()) {
-    const std::size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
-    const std::string_view line = text.substr(0, end);
-    text.remove_prefix(end);
-    isSignature = isSignature || line == "-- \n" || line == "-- \r\n";
-    const Kind lineKind = isSignature || line.starts_with('>') ? Kind::aside : Kind::paragraph;
-    const bool isEmpty = line.find_first_not_of(" \t\r\n") == std::string_view::npos;
-    if (isEmpty || lineKind != kind) document.addLines(kind, std::exchange(paragraph, {}));
-    kind = lineKind;
-    if (!isEmpty) paragraph += line;
-  }
-  document.addLines(kind, paragraph);
 }
 
 class MailText {
@@ -161,7 +143,7 @@ class MailText {
     } else {
       auto text = decodedFrom(bytes, charsetOf(object));
       if (!text) text = decodedText(bytes, Extent::whole);
-      if (text) addPlain(*text, document_);
+      if (text) addMailText(*text, document_);
     }
     hasText_ = hasText_ || document_.charactersLeft() < before;
   }

@@ -41,6 +41,13 @@ inline constexpr std::size_t MOST_MAIL_DEPTH = 30;
 // Of a notebook, whose parsed form takes several times its size; pictures make them large.
 inline constexpr std::size_t MOST_NOTEBOOK_BYTES = std::size_t{16} << 20;
 
+// Of one stream of an older office file, pictures included.
+inline constexpr std::size_t MOST_STREAM_BYTES = std::size_t{64} << 20;
+
+// Of an older presentation: records within each other, and times that it was saved.
+inline constexpr std::size_t MOST_RECORD_DEPTH = 30;
+inline constexpr std::size_t MOST_EDITS = 1'000;
+
 // Groups of an RTF text within each other.
 inline constexpr std::size_t MOST_RTF_DEPTH = 1'000;
 

@@ -89,7 +89,11 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
         "ELF\0",
         5},
        ReadFailure::noReader},
-      {"old.doc", "Plain", ReadFailure::noReader},
+      {"plain.key", "Plain", ReadFailure::noReader},
+      {"cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
+      {"cut.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
+      {"cut.ppt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
+      {"cut.msg", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
   };
   const TestHome home;
   for (const auto& row : rows) {
