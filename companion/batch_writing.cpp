@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "companion/exclusions.h"
 #include "store/settings.h"
 #include "store/transaction.h"
 
@@ -30,7 +31,7 @@ bool BatchWriting::replace(const std::vector<AnalysedFile>& batch, std::uint64_t
         scheme.empty() || setting(index_, EMBEDDING_SCHEME_SETTING) == std::optional(scheme);
     return isOfScheme && std::all_of(batch.begin(), batch.end(), [&](const AnalysedFile& analysed) {
              const std::string& path = analysed.file.path;
-             if (!decisions.isIndexed(path)) return true;
+             if (!decisions.isIndexed(path) || isExcluded(decisions, path)) return true;
              ++count;
              return writer_.replace(analysed.file, analysed.analysis) &&
                     exposure_.write(path, nominationBy(decisions.rules, path));

@@ -2,6 +2,10 @@
 
 #include <fnmatch.h>
 
+#include <algorithm>
+
+#include "companion/path_range.h"
+
 namespace norvast {
 
 bool Exclusion::matches(std::string_view path, std::string_view name, EntryKind kind) const {
@@ -15,6 +19,32 @@ bool Exclusion::matches(std::string_view path, std::string_view name, EntryKind 
   const std::string_view below = path.substr(root.ends_with('/') ? root.size() : root.size() + 1);
   const std::string tested(isForPaths ? below : name);
   return fnmatch(std::string(wanted).c_str(), tested.c_str(), isForPaths ? FNM_PATHNAME : 0) == 0;
+}
+
+std::vector<Exclusion> exclusionsFor(const Decisions& decisions, const Root& root) {
+  std::vector<Exclusion> exclusions;
+  for (const Root& outer : decisions.roots) {
+    if (!PathRange(outer.path).contains(root.path)) continue;
+    for (const std::string& pattern : outer.exclusions) exclusions.push_back({outer.path, pattern});
+  }
+  return exclusions;
+}
+
+bool isExcluded(const Decisions& decisions, const std::string& file) {
+  const Root* root = decisions.rootOf(file);
+  if (root == nullptr) return false;
+  const std::vector<Exclusion> exclusions = exclusionsFor(decisions, *root);
+  if (exclusions.empty()) return false;
+  for (std::string_view place = file; place != root->path; place = *parentOf(place)) {
+    const EntryKind kind = place == file ? EntryKind::file : EntryKind::folder;
+    const std::string_view name = place.substr(place.rfind('/') + 1);
+    if (std::any_of(exclusions.begin(), exclusions.end(), [&](const Exclusion& exclusion) {
+          return exclusion.matches(place, name, kind);
+        })) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace norvast

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "companion/decisions.h"
 #include "companion/file_scan.h"
 
 namespace norvast {
@@ -19,5 +20,11 @@ struct Exclusion {
   // `path` lies below the root; `name` is its last part.
   bool matches(std::string_view path, std::string_view name, EntryKind kind) const;
 };
+
+// The patterns of the root, and those of roots further out, which hold in it, too.
+std::vector<Exclusion> exclusionsFor(const Decisions& decisions, const Root& root);
+
+// Whether such a pattern leaves out the file, or a folder between its root and it.
+bool isExcluded(const Decisions& decisions, const std::string& file);
 
 }  // namespace norvast

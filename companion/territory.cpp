@@ -5,7 +5,6 @@
 #include <system_error>
 
 #include "companion/cache_folder.h"
-#include "companion/path_range.h"
 #include "store/mcp_store.h"
 
 namespace norvast {
@@ -21,12 +20,11 @@ std::optional<std::string> indexFolder() {
 }
 
 Territory::Territory(const Decisions& decisions, const Root& root, LeftOut& leftOut)
-    : decisions_(decisions), root_(root), leftOut_(leftOut), ownFolder_(indexFolder()) {
-  for (const Root& outer : decisions.roots) {
-    if (!PathRange(outer.path).contains(root.path)) continue;
-    for (const std::string& pattern : outer.exclusions)
-      exclusions_.push_back({outer.path, pattern});
-  }
+    : decisions_(decisions),
+      root_(root),
+      leftOut_(leftOut),
+      exclusions_(exclusionsFor(decisions, root)),
+      ownFolder_(indexFolder()) {
   if (root.gitIgnored == GitIgnored::leftOut) gitIgnores_.emplace();
 }
 

@@ -243,6 +243,19 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
             Rows({"a", "a new file", "m"}));
 }
 
+TEST_F(DecisionsTest, HoldForFilesThatARunHasReadBefore) {
+  run("add --nominate content", ".");
+  for (const char* name : {"a new file", "b.key", "private/keys/k"}) write(name);
+  setenv("HOME", home.path().c_str(), 1);
+  const auto opened = openIndex();
+  const auto& connection = std::get<Connection>(opened);
+  (void)indexFiles(connection, {docs.substr(0, docs.size() - 1)}, Verbosity::quiet, [this] {
+    run("add --exclude '*.key' --exclude '/*/keys'", ".");
+    return false;
+  });
+  EXPECT_EQ(shown(), Rows({"a|1", "a new file|1", "old/x|1", "private/open/o|1", "private/s|1"}));
+}
+
 // What is not shown stays so under its new name; only a later decision about that changes it.
 TEST_F(DecisionsTest, HoldForWhatWasMovedUnwatched) {
   if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
