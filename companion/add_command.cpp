@@ -20,6 +20,7 @@
 #include "companion/scratch_index.h"
 #include "companion/terminal.h"
 #include "companion/territory.h"
+#include "embedding/sentence_embedding.h"
 
 namespace norvast {
 namespace {
@@ -77,9 +78,11 @@ std::string unusedPatterns(const std::vector<std::string>& patterns,
 ExitStatus indexAndReport(const Connection& index, const std::vector<std::string>& paths,
                           const std::vector<std::string>& newPatterns, const RunChoices& run) {
   const std::vector<std::string> outer = withoutNested(paths);
+  auto sentence = SentenceEmbedding::english();
   const IndexingReport report =
-      run.run == Run::dry ? rehearseIndexing(index, outer, run.selection)
-                          : indexFiles(index, outer, run.verbosity, nullptr, run.selection);
+      run.run == Run::dry
+          ? rehearseIndexing(index, sentence, outer, run.selection)
+          : indexFiles(index, sentence, outer, run.verbosity, nullptr, run.selection);
   if (run.run == Run::real) giveBackSpace(index);
   if (run.verbosity == Verbosity::normal) {
     std::cout << (run.run == Run::dry ? forecastText(index, report, outer)

@@ -14,7 +14,6 @@
 #include "companion/path_range.h"
 #include "companion/progress.h"
 #include "companion/reembedding.h"
-#include "embedding/sentence_embedding.h"
 #include "store/statement.h"
 
 namespace norvast {
@@ -46,13 +45,14 @@ struct Work {
 
 class Indexing {
  public:
-  Indexing(const Connection& index, const Work& work, const std::function<bool()>& isToStop)
+  Indexing(const Connection& index, std::optional<SentenceEmbedding>& sentence, const Work& work,
+           const std::function<bool()>& isToStop)
       : index_(index),
+        sentence_(sentence),
         work_(work),
         isToStop_(isToStop),
         writing_(index),
-        moved_(index),
-        sentence_(SentenceEmbedding::english()) {}
+        moved_(index) {}
 
   IndexingReport run(const std::vector<std::string>& paths) {
     const auto decisions = readDecisions(index_);
@@ -209,11 +209,11 @@ class Indexing {
   }
 
   const Connection& index_;
+  std::optional<SentenceEmbedding>& sentence_;
   Work work_;
   const std::function<bool()>& isToStop_;
   BatchWriting writing_;
   MovedRules moved_;
-  std::optional<SentenceEmbedding> sentence_;
   IndexingReport report_;
   KnownFiles known_;  // of the place at hand
   std::vector<AnalysedFile> batch_;
@@ -223,16 +223,18 @@ class Indexing {
 
 }  // namespace
 
-IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity, const std::function<bool()>& isToStop,
-                          Selection selection) {
-  return Indexing(index, {selection, Reading::done, verbosity}, isToStop).run(paths);
+IndexingReport indexFiles(const Connection& index, std::optional<SentenceEmbedding>& sentence,
+                          const std::vector<std::string>& paths, Verbosity verbosity,
+                          const std::function<bool()>& isToStop, Selection selection) {
+  return Indexing(index, sentence, {selection, Reading::done, verbosity}, isToStop).run(paths);
 }
 
-IndexingReport rehearseIndexing(const Connection& scratch, const std::vector<std::string>& paths,
-                                Selection selection) {
+IndexingReport rehearseIndexing(const Connection& scratch,
+                                std::optional<SentenceEmbedding>& sentence,
+                                const std::vector<std::string>& paths, Selection selection) {
   const std::function<bool()> never;
-  return Indexing(scratch, {selection, Reading::spared, Verbosity::quiet}, never).run(paths);
+  return Indexing(scratch, sentence, {selection, Reading::spared, Verbosity::quiet}, never)
+      .run(paths);
 }
 
 IndexingReport removeUnindexed(const Connection& index, const std::string& path) {

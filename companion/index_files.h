@@ -12,6 +12,7 @@
 #include "companion/moved_rules.h"
 #include "companion/progress.h"
 #include "companion/territory.h"
+#include "embedding/sentence_embedding.h"
 #include "store/connection.h"
 
 namespace norvast {
@@ -49,15 +50,18 @@ enum class Selection { changed, all };
 // get to see them as the rules say at that moment: a reader waits for moments only, and an
 // interruption at any point leaves whole files, the rest of which the next run makes good. The
 // decisions may change meanwhile; the last ones hold for all files.
-// `isToStop` is asked before each file, and ends the run early.
-IndexingReport indexFiles(const Connection& index, const std::vector<std::string>& paths,
-                          Verbosity verbosity, const std::function<bool()>& isToStop = nullptr,
+// `sentence`, where there is one, makes the vectors, with the model that is installed now; it may
+// serve many runs. `isToStop` is asked before each file, and ends the run early.
+IndexingReport indexFiles(const Connection& index, std::optional<SentenceEmbedding>& sentence,
+                          const std::vector<std::string>& paths, Verbosity verbosity,
+                          const std::function<bool()>& isToStop = nullptr,
                           Selection selection = Selection::changed);
 
 // Does the same to a scratch index (companion/scratch_index.h) but for reading files: what would be
 // read counts as indexed.
-IndexingReport rehearseIndexing(const Connection& scratch, const std::vector<std::string>& paths,
-                                Selection selection);
+IndexingReport rehearseIndexing(const Connection& scratch,
+                                std::optional<SentenceEmbedding>& sentence,
+                                const std::vector<std::string>& paths, Selection selection);
 
 // Removes the rows of all files at or below the path that are not to be indexed, in batches as
 // above. Adds up what was removed.

@@ -13,6 +13,7 @@
 #include "companion/pending_paths.h"
 #include "companion/territory.h"
 #include "companion/watched_folders.h"
+#include "embedding/sentence_embedding.h"
 #include "platform/folder_watch.h"
 #include "text/file_name.h"
 
@@ -197,7 +198,7 @@ class Watching {
   bool indexPaths(const std::vector<std::string>& paths) {
     if (paths.empty()) return true;
     const IndexingReport report =
-        indexFiles(index_, paths, Verbosity::quiet, [this] { return stop_.hasCome(); });
+        indexFiles(index_, sentence_, paths, Verbosity::quiet, [this] { return stop_.hasCome(); });
     listener_.indexed(report);
     obstacle_ = report.obstacle;
     if (!report.movedRules.empty()) current_.forget();
@@ -214,6 +215,7 @@ class Watching {
   const Connection& index_;
   const StopSignal& stop_;
   const WatchListener& listener_;
+  std::optional<SentenceEmbedding> sentence_ = SentenceEmbedding::english();
   CurrentDecisions current_;
   Decisions decisions_;
   WatchedFolders folders_;

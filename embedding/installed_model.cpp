@@ -67,7 +67,7 @@ std::string unreadable(const char* file, std::uint64_t limitBytes) {
 
 std::variant<NoModel, InstalledModel, std::string> loadInstalledModel() {
   const auto files = paths();
-  if (!files || !isModelInstalled()) return NoModel();
+  if (!files || modelFiles() == ModelFiles()) return NoModel();
   const auto tokenizer = readRegularFile(files->tokenizer, MOST_TOKENIZER_BYTES);
   if (!tokenizer) return unreadable("tokenizer.json", MOST_TOKENIZER_BYTES);
   auto table = readRegularFile(files->table, MOST_TABLE_BYTES);
@@ -82,9 +82,10 @@ std::variant<NoModel, InstalledModel, std::string> loadInstalledModel() {
   return InstalledModel{std::move(name), std::move(usable)};
 }
 
-bool isModelInstalled() {
+ModelFiles modelFiles() {
   const auto files = paths();
-  return files && (fileExists(files->tokenizer) || fileExists(files->table));
+  if (!files) return {};
+  return {fileVersion(files->tokenizer), fileVersion(files->table)};
 }
 
 }  // namespace norvast

@@ -1,10 +1,12 @@
 // Installed model: the static model that the user put beside the index.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <variant>
 
 #include "embedding/static_model.h"
+#include "platform/folders.h"
 
 namespace norvast {
 
@@ -23,7 +25,14 @@ struct NoModel {};
 // user. Reads both files whole.
 std::variant<NoModel, InstalledModel, std::string> loadInstalledModel();
 
-// True when one of its files is there, which is told without reading it.
-bool isModelInstalled();
+// Which files these are, told without reading them; nothing for one that is not there.
+struct ModelFiles {
+  std::optional<FileVersion> tokenizer;
+  std::optional<FileVersion> table;
+
+  bool operator==(const ModelFiles&) const = default;
+};
+
+ModelFiles modelFiles();
 
 }  // namespace norvast

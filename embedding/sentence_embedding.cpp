@@ -34,20 +34,24 @@ std::vector<float> joined(const std::vector<double>& words, const StaticModel& m
 }  // namespace
 
 struct ModelInUse {
-  std::optional<InstalledModel> installed;
-  std::string missed;  // the name of a model that the one installed turned out not to be
+  ModelFiles files;  // what was read
+  std::variant<NoModel, InstalledModel, std::string> loaded;
 
-  bool is(std::string_view name) const { return installed && installed->name == name; }
+  // Looks first which files there are: one that changes while it is read is read again.
+  void update() {
+    ModelFiles present = modelFiles();
+    if (present == files) return;
+    files = present;
+    loaded = NoModel();  // the memory of one model is enough
+    loaded = loadInstalledModel();
+  }
 
-  // Loads the installed model when it can be that of this name. A file that is there is read once
-  // for each name.
+  const InstalledModel* installed() const { return std::get_if<InstalledModel>(&loaded); }
+
+  // The model of this name, looked for among the files when it is not the one at hand.
   const StaticModel* named(std::string_view name) {
-    if (!is(name) && missed != name && isModelInstalled()) {
-      auto loaded = loadInstalledModel();
-      if (auto* model = std::get_if<InstalledModel>(&loaded)) installed = std::move(*model);
-      if (!is(name)) missed = name;
-    }
-    return is(name) ? &installed->model : nullptr;
+    if (installed() == nullptr || installed()->name != name) update();
+    return installed() != nullptr && installed()->name == name ? &installed()->model : nullptr;
   }
 };
 
@@ -64,15 +68,14 @@ SentenceEmbedding& SentenceEmbedding::operator=(SentenceEmbedding&&) noexcept = 
 SentenceEmbedding::~SentenceEmbedding() = default;
 
 std::optional<std::string> SentenceEmbedding::useInstalledModel() {
-  auto loaded = loadInstalledModel();
-  if (auto* why = std::get_if<std::string>(&loaded)) return std::move(*why);
-  if (auto* model = std::get_if<InstalledModel>(&loaded)) inUse_->installed = std::move(*model);
-  return std::nullopt;
+  inUse_->update();
+  const auto* why = std::get_if<std::string>(&inUse_->loaded);
+  return why == nullptr ? std::nullopt : std::optional(*why);
 }
 
 std::string SentenceEmbedding::scheme() const {
   std::string scheme = EMBEDDING_SCHEME;
-  if (inUse_->installed) scheme.append(1, PLUS).append(inUse_->installed->name);
+  if (const auto* model = inUse_->installed()) scheme.append(1, PLUS).append(model->name);
   return scheme;
 }
 

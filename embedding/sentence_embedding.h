@@ -29,8 +29,9 @@ class SentenceEmbedding {
   // Nothing when the stemmer has no English. Loads no model yet.
   static std::optional<SentenceEmbedding> english();
 
-  // Loads the installed model for `vector`. In one sentence for the user, why it cannot be used;
-  // nothing when it can, or none is installed.
+  // Takes the model that is installed now for `vector`, and reads it when its files are other than
+  // at the last call. In one sentence for the user, why it cannot be used; nothing when it can, or
+  // none is installed.
   std::optional<std::string> useInstalledModel();
 
   // What `vector` gives: EMBEDDING_SCHEME, with a model followed by + and its name

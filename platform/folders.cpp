@@ -45,6 +45,13 @@ bool fileExists(const std::string& path) {
   return stat(path.c_str(), &status) == 0;
 }
 
+std::optional<FileVersion> fileVersion(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return FileVersion{status.st_dev, status.st_ino, status.st_size, status.st_ctim.tv_sec,
+                     status.st_ctim.tv_nsec};
+}
+
 bool regularFileExists(const std::string& path) {
   struct stat status {};
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);

@@ -233,7 +233,9 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
   setenv("HOME", home.path().c_str(), 1);
   const auto opened = openIndex();
   const auto& connection = std::get<Connection>(opened);
-  (void)indexFiles(connection, {docs.substr(0, docs.size() - 1), more}, Verbosity::quiet, [&] {
+  std::optional<SentenceEmbedding> none;
+  const std::vector<std::string> roots{docs.substr(0, docs.size() - 1), more};
+  (void)indexFiles(connection, none, roots, Verbosity::quiet, [&] {
     std::error_code done;
     std::filesystem::rename(docs + "old", more + "/meanwhile", done);
     return false;

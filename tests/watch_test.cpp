@@ -11,6 +11,7 @@
 
 #include "companion/watch_lock.h"
 #include "tests/index_command.h"
+#include "tests/static_model_files.h"
 #include "tests/test_home.h"
 
 namespace norvast {
@@ -113,6 +114,23 @@ TEST_F(Watch, TakesUpWhatOthersDecide) {
   const Outcome second = index(home, "watch");
   EXPECT_EQ(second.status, 1);
   EXPECT_NE(second.output.find("watches this index already"), std::string::npos);
+}
+
+TEST_F(Watch, EmbedsWithTheModelThatIsThereNow) {
+  const std::string scheme = "SELECT value FROM setting WHERE name = 'embedding_scheme'";
+  const fs::path model = home.norvastFolder() / "model";
+  const auto written = fs::last_write_time(docs / "a");
+  for (const float turn : {1.0F, -1.0F}) {
+    const Rows before = home.query(scheme);
+    home.writeFile(model / "tokenizer.json", tinyTokenizer());
+    home.writeFile(model / "model.safetensors", tinyTable(turn));
+    fs::last_write_time(model / "model.safetensors", written);
+    home.writeFile(docs / "a", std::to_string(turn));
+    EXPECT_TRUE(comes([&] { return home.query(scheme) != before; })) << turn;
+  }
+  fs::remove_all(model);
+  home.writeFile(docs / "a", "without");
+  expect(scheme, {"norvast-words-2"});
 }
 
 // While it stands still, more happens than the system keeps events for.
