@@ -3,7 +3,14 @@ foreach(page norvast_mcp.1 norvast_index.1)
   configure_file(man/${page} ${CMAKE_BINARY_DIR}/man/${page} @ONLY)
   install(FILES ${CMAKE_BINARY_DIR}/man/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
-install(FILES README.md cmake/copyright DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
+# Where the shells of Debian look for what packages bring.
+install(FILES companion/completions/norvast_index.bash RENAME norvast_index
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions)
+install(FILES companion/completions/_norvast_index
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/vendor-completions)
+install(FILES companion/completions/norvast_index.fish
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d)
+install(FILES README.md CHANGELOG.md SECURITY.md cmake/copyright DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME norvast-mcp)

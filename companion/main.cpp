@@ -176,6 +176,12 @@ void defineSwitch(CLI::App& app, CommandLine& line, const std::string& name,
   });
 }
 
+// Why the word is no number from 0 on, or an empty text.
+std::string objectionToCount(const std::string& word) {
+  const bool isCount = !word.empty() && word.find_first_not_of("0123456789") == std::string::npos;
+  return isCount ? "" : printable(word) + " is no number of events";
+}
+
 void defineViews(CLI::App& app, CommandLine& line) {
   CLI::App* status = addSubcommand(app, "status", "Show counts, switches and where the index lies",
                                    "norvast_index status");
@@ -202,7 +208,7 @@ void defineViews(CLI::App& app, CommandLine& line) {
   CLI::App* audit = addSubcommand(app, "audit", "Show what AI clients looked at and were refused",
                                   "norvast_index audit --last 50 --follow");
   audit->add_option("--last", line.last, "How many events")
-      ->check(CLI::NonNegativeNumber)
+      ->check(CLI::Validator(objectionToCount, "", ""))
       ->capture_default_str();
   audit->add_flag("--follow", line.isFollowing, "Go on with each new event");
   (void)addJson(*audit, line);
