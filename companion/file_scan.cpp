@@ -10,6 +10,8 @@
 #include <string_view>
 
 #include "access/sensitive_path.h"
+#include "companion/path_range.h"
+#include "companion/rules.h"
 #include "platform/descriptor.h"
 #include "text/utf8.h"
 
@@ -52,6 +54,11 @@ class Scan {
       report_.unusableNames.add(root);
       return;
     }
+    if (isBehindLink(root)) {
+      report_.linkedRoots.push_back(root);
+      return;
+    }
+    if (start != root && isBehindLink(std::string(parentOf(start).value_or("/")))) return;
     if (!isReached(root, start)) return;
     scanPlace(start);
     while (!waiting_.empty()) {

@@ -22,6 +22,7 @@ struct ScannedFile {
 // What a scan passed over for a reason that the user should hear of.
 struct ScanReport {
   std::vector<std::string> unreadableFolders;  // wholly or in part
+  std::vector<std::string> linkedRoots;        // that a link leads to now
   PathSample unusableNames;                    // with a line break or bytes that are not UTF-8
   PathSample sensitivePaths;
 };
@@ -50,8 +51,9 @@ bool isIndexable(std::string_view path);
 // is a file, in no particular order, and adds to the report. `start` is `root` or lies below it;
 // then each folder on the way from the root to it is asked for, too, and nothing is visited where
 // one is left out. Symbolic links are not followed; hidden names (with a leading dot) and sensitive
-// paths are left out with all that is below them. `root` is absolute and free of links; it is taken
-// even when its own name is hidden.
+// paths are left out with all that is below them. `root` is absolute, and taken even when its own
+// name is hidden. Where a link leads to it or to the start by now, nothing is visited: what lies
+// there has another path, and what was decided for that holds.
 void scanFiles(const std::string& root, const std::string& start, ScanFilter& filter,
                const std::function<void(ScannedFile)>& visit, ScanReport& report);
 

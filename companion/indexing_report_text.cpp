@@ -84,7 +84,8 @@ std::string reportText(const Connection& index, const IndexingReport& report,
 
 bool hasGaps(const IndexingReport& report) {
   return passingFailures(report) > 0 || !report.scan.unreadableFolders.empty() ||
-         report.scan.unusableNames.number() > 0 || !report.missingRoots.empty();
+         report.scan.unusableNames.number() > 0 || !report.missingRoots.empty() ||
+         !report.scan.linkedRoots.empty();
 }
 
 }  // namespace norvast

@@ -22,6 +22,13 @@ std::optional<Rule> holdingAbove(const Rules& rules, const std::string& path) {
 
 bool isNomination(RuleKind kind) { return kind == RuleKind::content || kind == RuleKind::metadata; }
 
+// Of what lies at the path of a rule; empty for nothing. What a link on the way leads to lies
+// elsewhere.
+std::string identityAt(const std::string& path) {
+  if (isBehindLink(std::string(parentOf(path).value_or("/")))) return {};
+  return fileIdentity(path).value_or("");
+}
+
 // Whether the rule for the path was made for what lies there now.
 bool isDecided(const Connection& index, const std::string& path) {
   Statement statement(index, "SELECT 1 FROM rule WHERE path = ? AND identity = ?",
@@ -32,7 +39,7 @@ bool isDecided(const Connection& index, const std::string& path) {
 // Lets the rule for the path stand for what lies there now.
 bool restamp(const Connection& index, const std::string& path) {
   return Statement(index, "UPDATE rule SET identity = ? WHERE path = ?",
-                   std::vector{fileIdentity(path).value_or(""), path})
+                   std::vector{identityAt(path), path})
       .run();
 }
 
@@ -87,7 +94,7 @@ void MovedRules::look() {
   while (statement.step()) {
     const std::string path = statement.text(0);
     const std::string identity = statement.text(1);
-    if (identity == fileIdentity(path).value_or("")) continue;
+    if (identity == identityAt(path)) continue;
     stale_.push_back(path);
     if (!identity.empty()) missed_[identity] = path;
   }

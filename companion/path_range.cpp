@@ -63,4 +63,10 @@ std::optional<std::string> linkAt(const std::string& path) {
   return (folder / absolute.filename()).string();
 }
 
+bool isBehindLink(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::path real = std::filesystem::canonical(path, failure);
+  return !failure && real != path;
+}
+
 }  // namespace norvast

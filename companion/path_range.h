@@ -29,4 +29,8 @@ std::optional<std::string> indexedPath(const std::string& path);
 // resolved.
 std::optional<std::string> linkAt(const std::string& path);
 
+// Whether what lies at an absolute path is reached through a symbolic link, on the way or at its
+// end: the index knows it by another path. False when that cannot be told.
+bool isBehindLink(const std::string& path);
+
 }  // namespace norvast

@@ -43,6 +43,7 @@ std::string remarksText(const IndexingReport& report) {
   const bool isNothingLeft = left.excluded.number() > 0 && report.indexed + report.unchanged == 0;
   return lines("no permission to open", report.scan.unreadableFolders) +
          lines("not there now, what is known of it is kept", report.missingRoots) +
+         lines("a link leads there now, add the folder that it leads to", report.scan.linkedRoots) +
          movedText(report.movedRules) +
          (report.modelObjection ? *report.modelObjection + "\n" : "") +
          leftOut(report.scan.unusableNames, "name", " with a line break or invalid UTF-8") +

@@ -245,6 +245,26 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
             Rows({"a", "a new file", "m"}));
 }
 
+// A link at the old place leads to the new one.
+TEST_F(DecisionsTest, HoldBehindALinkForWhatLiesThere) {
+  if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
+  const std::string folder = docs.substr(0, docs.size() - 1);
+  write("shown/deep/a");
+  run("add --nominate content", ". shown/deep");
+  run("withdraw", "private");
+  std::filesystem::rename(docs + "shown", docs + "was shown");
+  std::filesystem::create_directory_symlink("private", docs + "shown");
+  write("private/deep/withheld");
+  run("update", "", 3);
+  EXPECT_EQ(shown(), Rows({"a|1", "old/x|1", "was shown/deep/a|1"}));
+  std::filesystem::rename(folder, folder + "2");
+  std::filesystem::create_directory_symlink(folder + "2", folder);
+  run("add --nominate content", ".", 0);
+  EXPECT_EQ(home.query("SELECT name FROM mcp_exposure JOIN file USING (path) WHERE path LIKE '" +
+                       home.path().string() + "/%2/%'"),
+            Rows({"a", "x", "a"}));
+}
+
 TEST_F(DecisionsTest, HoldForFilesThatARunHasReadBefore) {
   run("add --nominate content", ".");
   for (const char* name : {"a new file", "b.key", "private/keys/k"}) write(name);
