@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <set>
+#include <sstream>
 #include <system_error>
 #include <utility>
 #include <variant>
@@ -20,7 +22,9 @@
 #include "companion/scratch_index.h"
 #include "companion/terminal.h"
 #include "companion/territory.h"
+#include "content/isolated_extraction.h"
 #include "embedding/sentence_embedding.h"
+#include "store/settings.h"
 
 namespace norvast {
 namespace {
@@ -49,6 +53,17 @@ std::variant<Place, std::string> placeOf(const std::string& path) {
   }
   place.followed = "following the link " + printable(path) + " to " + printable(real);
   return place;
+}
+
+// Why text is not recognised in these languages, names joined by "+"; nothing when it is.
+std::optional<std::string> languageObjection(const std::string& languages) {
+  std::istringstream names(languages + "+");
+  for (std::string name; std::getline(names, name, '+');) {
+    if (recognizesLanguage(name)) continue;
+    return "--ocr-language " + printable(languages) + ": no model \"" + printable(name) +
+           "\" is installed; on Debian it comes with tesseract-ocr-" + printable(name);
+  }
+  return std::nullopt;
 }
 
 // Each place once: one that lies at or below another is reached with it.
@@ -107,10 +122,17 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
       remarks.push_back(followed);
     }
   }
+  if (choices.recognitionLanguages) {
+    if (const auto why = languageObjection(*choices.recognitionLanguages)) return fail(*why);
+  }
   auto opened = run.run == Run::dry ? scratchIndex() : openIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
 
+  if (choices.recognitionLanguages &&
+      !storeSetting(index, RECOGNITION_LANGUAGES_SETTING, *choices.recognitionLanguages)) {
+    return failToWrite(index.lastFailure());
+  }
   for (const std::string& root : roots) {
     const DecisionChange change = addRoot(index, root, choices);
     if (change.obstacle) return failToWrite(*change.obstacle);

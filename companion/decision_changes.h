@@ -23,8 +23,9 @@ struct DecisionChange {
 struct AddChoices {
   std::optional<Nomination> nomination;
   std::optional<GitIgnored> gitIgnored;
-  std::vector<std::string> exclusions;    // to be remembered
-  std::vector<std::string> noExclusions;  // to be forgotten
+  std::vector<std::string> exclusions;              // to be remembered
+  std::vector<std::string> noExclusions;            // to be forgotten
+  std::optional<std::string> recognitionLanguages;  // of the whole index: see store/settings.h
 };
 
 // All paths are absolute and free of links.

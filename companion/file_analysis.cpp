@@ -72,12 +72,12 @@ std::string groupOf(const std::string& path) {
 
 }  // namespace
 
-FileAnalysis analyseFile(const std::string& path,
+FileAnalysis analyseFile(const std::string& path, const ReadingOptions& options,
                          const std::optional<SentenceEmbedding>& sentence) {
   FileAnalysis analysis;
   analysis.group = groupOf(path);
   const std::string_view name = fileName(path);
-  auto read = readDocument(path);
+  auto read = readDocument(path, options);
   if (const auto* failure = std::get_if<ReadFailure>(&read)) {
     analysis.failure = *failure;
   } else {

@@ -28,6 +28,7 @@ struct FileAnalysis {
 };
 
 // Analyses the file at `path`. A file without text has a reason, and still the vector of its name.
-FileAnalysis analyseFile(const std::string& path, const std::optional<SentenceEmbedding>& sentence);
+FileAnalysis analyseFile(const std::string& path, const ReadingOptions& options,
+                         const std::optional<SentenceEmbedding>& sentence);
 
 }  // namespace norvast

@@ -14,6 +14,7 @@
 #include "companion/path_range.h"
 #include "companion/progress.h"
 #include "companion/reembedding.h"
+#include "store/settings.h"
 #include "store/statement.h"
 
 namespace norvast {
@@ -34,6 +35,12 @@ bool isThere(const std::string& path) {
          std::filesystem::file_type::not_found;
 }
 
+ReadingOptions readingOptions(const Connection& index) {
+  ReadingOptions options;
+  if (auto chosen = setting(index, RECOGNITION_LANGUAGES_SETTING)) options.languages = *chosen;
+  return options;
+}
+
 // Whether files are read, or it is only told which would be.
 enum class Reading { done, spared };
 
@@ -52,7 +59,8 @@ class Indexing {
         work_(work),
         isToStop_(isToStop),
         writing_(index),
-        moved_(index) {}
+        moved_(index),
+        options_(readingOptions(index)) {}
 
   IndexingReport run(const std::vector<std::string>& paths) {
     const auto decisions = readDecisions(index_);
@@ -173,8 +181,9 @@ class Indexing {
   }
 
   void indexFile(ScannedFile file) {
-    FileAnalysis analysis =
-        work_.reading == Reading::done ? analyseFile(file.path, sentence_) : FileAnalysis();
+    FileAnalysis analysis = work_.reading == Reading::done
+                                ? analyseFile(file.path, options_, sentence_)
+                                : FileAnalysis();
     if (analysis.failure == ReadFailure::gone) {
       known_.lose(file.path);
       return;
@@ -214,6 +223,7 @@ class Indexing {
   const std::function<bool()>& isToStop_;
   BatchWriting writing_;
   MovedRules moved_;
+  ReadingOptions options_;
   IndexingReport report_;
   KnownFiles known_;  // of the place at hand
   std::vector<AnalysedFile> batch_;

@@ -98,6 +98,9 @@ void defineAdd(CLI::App& app, CommandLine& line) {
                                    "Take in what git ignores in a work tree; remembered");
   add->add_flag("--gitignore", line.leavesOutGitIgnored, "Leave it out again (the default)")
       ->excludes(all);
+  add->add_option("--ocr-language", line.choices.recognitionLanguages,
+                  "Recognise text in pictures in these languages, such as deu+eng; remembered for "
+                  "all folders");
   add->add_flag("--force", line.isForced, "Read unchanged files again, too");
   addDryRun(*add, line);
   addQuiet(*add, line);

@@ -1,11 +1,15 @@
 #include "content/isolated_extraction.h"
 
+#include <fcntl.h>
+
+#include <algorithm>
 #include <csignal>
 #include <utility>
 #include <vector>
 
 #include "platform/child_process.h"
 #include "platform/installed_program.h"
+#include "text/ascii.h"
 #include "text/unicode.h"
 #include "text/utf8.h"
 
@@ -80,6 +84,19 @@ std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file
                                                          Deadline deadline,
                                                          const std::string& languages) {
   return isolatedText("norvast_extract_image", {languages}, file, limitClusters, deadline);
+}
+
+// The program looks for its models before it looks at its file, which is empty here.
+bool recognizesLanguage(const std::string& name) {
+  constexpr auto isOfName = [](char character) {
+    return isAsciiDigit(character) || isAsciiCapital(character) ||
+           (character >= 'a' && character <= 'z') || character == '_';
+  };
+  if (name.empty() || !std::all_of(name.begin(), name.end(), isOfName)) return false;
+  const RegularFile nothing{Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)), 0};
+  const auto read = isolatedImageText(nothing, 1, readingDeadline(), name);
+  const auto* failure = std::get_if<ReadFailure>(&read);
+  return failure != nullptr && *failure == ReadFailure::noText;
 }
 
 std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,

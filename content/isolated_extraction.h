@@ -32,6 +32,9 @@ std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file
                                                          Deadline deadline = readingDeadline(),
                                                          const std::string& languages = "eng");
 
+// True when text can be recognised in that language: when a model of that name is installed.
+bool recognizesLanguage(const std::string& name);
+
 // The document in a file, likewise, as the installed `program` reads it when it is started with
 // `arguments`.
 struct IsolatedReader {

@@ -11,6 +11,10 @@ namespace norvast {
 // Of which scheme the stored vectors are (embedding/sentence_embedding.h).
 inline constexpr const char* EMBEDDING_SCHEME_SETTING = "embedding_scheme";
 
+// In which languages text is recognised in pictures, where the user chose them: names of the
+// recogniser's models, joined by "+".
+inline constexpr const char* RECOGNITION_LANGUAGES_SETTING = "recognition_languages";
+
 // The value of that name. Nothing when there is none, or the index holds no settings.
 std::optional<std::string> setting(const Connection& index, const std::string& name);
 
