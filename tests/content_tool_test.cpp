@@ -18,6 +18,8 @@ namespace norvast {
 namespace {
 
 const std::string PICTURES = TEST_DATA "/pictures/";
+const std::string PDFS = TEST_DATA "/pdf/";
+const std::string GIVEN = SAMPLES "/";
 
 constexpr const char* NO_TEXT = "No on-device text could be extracted from this file type.";
 
@@ -58,7 +60,7 @@ class DamagedFiles : public testing::Test {
   DamagedFiles() {
     home.createIndex();
     // Everything is loaded once: what counts and cuts characters too, which ASCII needs not.
-    EXPECT_TRUE(read("whole.pdf", fileBytes(TEST_DATA "/pdf/accents.pdf")));
+    EXPECT_TRUE(read("whole.pdf", fileBytes(PDFS + "accents.pdf")));
     EXPECT_TRUE(read("whole.png", fileBytes(PICTURES + "small-40.png")));
     EXPECT_TRUE(read("sparse.txt", ""));
     residentBefore_ = residentKilobytes(server.pid());
@@ -89,8 +91,8 @@ class DamagedFiles : public testing::Test {
     return false;
   }
 
-  // Reads each file with damage of each kind, as often as the strain says.
-  void readDamaged(std::initializer_list<std::string> files) {
+  // Reads each file of one kind with damage of each kind, as often as the strain says.
+  void readDamaged(const char* kind, std::initializer_list<std::string> files) {
     std::mt19937 random(static_cast<unsigned>(seed()));
     int texts = 0;
     int reads = 0;
@@ -104,7 +106,7 @@ class DamagedFiles : public testing::Test {
         }
       }
     }
-    std::cout << reads << " damaged files, " << texts << " with a text\n";
+    std::cout << reads << " damaged " << kind << ", " << texts << " with a text\n";
     EXPECT_GT(texts, 0);  // damage of all degrees
     EXPECT_LT(texts, reads);
   }
@@ -118,13 +120,14 @@ class DamagedFiles : public testing::Test {
 };
 
 TEST_F(DamagedFiles, OfPdfsAreOutlived) {
-  readDamaged({TEST_DATA "/pdf/accents.pdf", TEST_DATA "/pdf/three-pages.pdf",
-               SAMPLES "/projects/greenhouse/Order confirmation.pdf"});
+  readDamaged("PDFs", {PDFS + "accents.pdf", PDFS + "three-pages.pdf",
+                       GIVEN + "projects/greenhouse/Order confirmation.pdf"});
   EXPECT_FALSE(read("sparse.pdf", "%PDF-1.5\n"));
 }
 
 TEST_F(DamagedFiles, OfPicturesAreOutlived) {
-  readDamaged({SAMPLES "/receipts/Bakery.heic", PICTURES + "small-40.png",
+  readDamaged("pictures",
+              {GIVEN + "receipts/Bakery.heic", PICTURES + "small-40.png",
                PICTURES + "photograph.jpg", PICTURES + "pages.tiff", PICTURES + "animation.gif",
                PICTURES + "colour.webp", PICTURES + "two-colours.bmp"});
   EXPECT_FALSE(read("sparse.png", "\x89PNG\r\n\x1A\n"));

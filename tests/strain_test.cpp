@@ -179,7 +179,7 @@ TEST_F(Strain, OfFailingMemoryAndFilesEndsWithTheFailure) {
       library.open();
       const std::string whole = library.ask(tool, wanted(tool));
       bool fired = true;
-      for (long first = stride % 5; fired; first += stride, ++variants) {
+      for (long first = seed() % stride; fired; first += stride, ++variants) {
         library.open();
         armFault(row.fault, first, row.count);
         const std::string during = library.ask(tool, wanted(tool));
