@@ -57,6 +57,33 @@ float half(std::uint16_t bits) {
   return std::bit_cast<float>(sign | rebiased << 23 | fraction << 13);
 }
 
+// Calls `use` with what gives the number at an index, so that a loop over them chooses once.
+template <typename Use>
+auto withNumbers(const Tensor& tensor, Use use) {
+  const std::string_view bytes = tensor.bytes;
+  switch (tensor.type) {
+    case NumberType::f64:
+      return use([bytes](std::size_t index) {
+        return std::bit_cast<double>(littleEndianAt<std::uint64_t>(bytes, index * 8));
+      });
+    case NumberType::f32:
+      return use([bytes](std::size_t index) {
+        return double{std::bit_cast<float>(littleEndianAt<std::uint32_t>(bytes, index * 4))};
+      });
+    case NumberType::f16:
+      return use([bytes](std::size_t index) {
+        return double{half(littleEndianAt<std::uint16_t>(bytes, index * 2))};
+      });
+    case NumberType::i32:
+      return use([bytes](std::size_t index) {
+        return double{std::bit_cast<std::int32_t>(littleEndianAt<std::uint32_t>(bytes, index * 4))};
+      });
+    case NumberType::i8:
+      break;
+  }
+  return use([bytes](std::size_t index) { return double{static_cast<signed char>(bytes[index])}; });
+}
+
 // The numbers in a list, or nothing when one is none that counts.
 std::optional<std::vector<std::size_t>> sizes(const std::optional<JsonText>& list) {
   if (!list) return std::nullopt;
@@ -119,20 +146,15 @@ std::variant<Tensors, std::string> readSafetensors(std::string_view file) {
 }
 
 double numberAt(const Tensor& tensor, std::size_t index) {
-  const std::string_view bytes = tensor.bytes;
-  switch (tensor.type) {
-    case NumberType::f64:
-      return std::bit_cast<double>(littleEndianAt<std::uint64_t>(bytes, index * 8));
-    case NumberType::f32:
-      return std::bit_cast<float>(littleEndianAt<std::uint32_t>(bytes, index * 4));
-    case NumberType::f16:
-      return half(littleEndianAt<std::uint16_t>(bytes, index * 2));
-    case NumberType::i32:
-      return std::bit_cast<std::int32_t>(littleEndianAt<std::uint32_t>(bytes, index * 4));
-    case NumberType::i8:
-      break;
-  }
-  return static_cast<signed char>(bytes[index]);
+  return withNumbers(tensor, [index](auto at) { return at(index); });
+}
+
+void addNumbers(const Tensor& tensor, std::size_t start, double factor, std::span<double> sum) {
+  withNumbers(tensor, [&](auto at) {
+    for (std::size_t place = 0; place < sum.size(); ++place) {
+      sum[place] += factor * at(start + place);
+    }
+  });
 }
 
 }  // namespace norvast

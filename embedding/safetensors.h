@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -31,5 +32,9 @@ std::variant<Tensors, std::string> readSafetensors(std::string_view file);
 
 // The number at `index` of a tensor, which must have so many.
 double numberAt(const Tensor& tensor, std::size_t index);
+
+// Adds the numbers from `start` on, each times the factor, to those of `sum`, one to each. The
+// tensor must have so many.
+void addNumbers(const Tensor& tensor, std::size_t start, double factor, std::span<double> sum);
 
 }  // namespace norvast

@@ -27,17 +27,6 @@ bool isFinite(const Tensor& tensor) {
   return true;
 }
 
-// Adds the row of a table that begins at that number, times the weight.
-void addRow(const Tensor& rows, std::size_t start, double weight, std::vector<double>& sum) {
-  if (rows.type == NumberType::i8) {  // the common ones without a choice for each number
-    for (std::size_t at = 0; at < sum.size(); ++at) {
-      sum[at] += weight * static_cast<signed char>(rows.bytes[start + at]);
-    }
-  } else {
-    for (std::size_t at = 0; at < sum.size(); ++at) sum[at] += weight * numberAt(rows, start + at);
-  }
-}
-
 std::string objectionToRows(const Tensor* rows) {
   if (rows == nullptr) return "Its model.safetensors holds no table of embeddings.";
   if (rows->type != NumberType::f32 && rows->type != NumberType::f16 &&
@@ -110,8 +99,7 @@ std::optional<std::vector<double>> StaticModel::vector(std::string_view text) co
   std::vector<double> sum(size());
   for (const std::uint32_t piece : tokenizer_.tokenize(text, MOST_PIECES_OF_A_TEXT)) {
     const double weight = weights_ ? numberAt(*weights_, piece) : 1;
-    const std::size_t start = rowOf(piece) * size();
-    addRow(rows_, start, weight, sum);
+    addNumbers(rows_, rowOf(piece) * size(), weight, sum);
   }
   double squares = 0;
   for (const double value : sum) squares += value * value;
