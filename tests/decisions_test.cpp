@@ -271,7 +271,8 @@ TEST_F(DecisionsTest, HoldForFilesThatARunHasReadBefore) {
   setenv("HOME", home.path().c_str(), 1);
   const auto opened = openIndex();
   const auto& connection = std::get<Connection>(opened);
-  (void)indexFiles(connection, {docs.substr(0, docs.size() - 1)}, Verbosity::quiet, [this] {
+  std::optional<SentenceEmbedding> none;
+  (void)indexFiles(connection, none, {docs.substr(0, docs.size() - 1)}, Verbosity::quiet, [this] {
     run("add --exclude '*.key' --exclude '/*/keys'", ".");
     return false;
   });
