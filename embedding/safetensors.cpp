@@ -76,12 +76,15 @@ auto withNumbers(const Tensor& tensor, Use use) {
       });
     case NumberType::i32:
       return use([bytes](std::size_t index) {
-        return double{std::bit_cast<std::int32_t>(littleEndianAt<std::uint32_t>(bytes, index * 4))};
+        return static_cast<double>(
+            std::bit_cast<std::int32_t>(littleEndianAt<std::uint32_t>(bytes, index * 4)));
       });
     case NumberType::i8:
       break;
   }
-  return use([bytes](std::size_t index) { return double{static_cast<signed char>(bytes[index])}; });
+  return use([bytes](std::size_t index) {
+    return static_cast<double>(static_cast<signed char>(bytes[index]));
+  });
 }
 
 // The numbers in a list, or nothing when one is none that counts.
