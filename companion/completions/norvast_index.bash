@@ -5,7 +5,7 @@ _norvast_index() {
   local options="" values="" takes_paths=""
   case ${COMP_WORDS[1]} in
     add)
-      options="--nominate --exclude --no-exclude --no-gitignore --gitignore --force --dry-run --quiet"
+      options="--nominate --exclude --no-exclude --no-gitignore --gitignore --ocr-language --force --dry-run --quiet"
       takes_paths=yes
       ;;
     update) options="--dry-run --quiet" ;;

@@ -27,6 +27,7 @@ complete -c norvast_index -n '__fish_seen_subcommand_from add' -l exclude -x -d 
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l no-exclude -x -d 'Forget such a pattern'
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l no-gitignore -d 'Take in what git ignores'
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l gitignore -d 'Leave out what git ignores'
+complete -c norvast_index -n '__fish_seen_subcommand_from add' -l ocr-language -x -d 'Recognise text in pictures in these languages'
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l force -d 'Read unchanged files again, too'
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l dry-run -d 'Say what would be done'
 complete -c norvast_index -n '__fish_seen_subcommand_from add' -l quiet -d 'Say nothing unless something fails'
