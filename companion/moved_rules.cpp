@@ -94,8 +94,9 @@ void MovedRules::look() {
   while (statement.step()) {
     const std::string path = statement.text(0);
     const std::string identity = statement.text(1);
-    if (identity == identityAt(path)) continue;
-    stale_.push_back(path);
+    const std::string present = identityAt(path);
+    if (identity == present) continue;
+    if (!present.empty()) stale_.push_back(path);
     if (!identity.empty()) missed_[identity] = path;
   }
   isRead_ = statement.isDone();

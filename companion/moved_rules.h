@@ -45,8 +45,9 @@ class MovedRules {
   // the index could not be read or written: what was met must not be shown then.
   std::optional<std::vector<MovedRule>> carry();
 
-  // To be called when all roots were looked through: what is missed still is gone, and each rule
-  // stands from now on for what lies at its path.
+  // To be called when all roots were looked through: where something else lies at the path of a
+  // rule, what is missed still is gone, and the rule stands from now on for what lies there. Where
+  // nothing does it is looked for in each run, for it may come back from outside the roots.
   void giveUp();
 
  private:

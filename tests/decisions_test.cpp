@@ -285,9 +285,11 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedUnwatched) {
   run("add --nominate content", ".");
   run("withdraw", "private a");
   run("remove", "old");
+  std::filesystem::rename(docs + "old", home.path() / "elsewhere");
+  run("update", "");
   std::filesystem::rename(docs + "private", docs + "renamed");
   std::filesystem::rename(docs + "a", docs + "renamed.txt");
-  std::filesystem::rename(docs + "old", docs + "older");
+  std::filesystem::rename(home.path() / "elsewhere", docs + "older");
   write("private/new one of that name");
   const std::string said = run("update", "");
   EXPECT_NE(said.find("renamed (withheld, as it was at " + docs + "private)"), std::string::npos)
