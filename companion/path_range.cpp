@@ -20,6 +20,14 @@ std::optional<std::filesystem::path> danglingLink(const std::filesystem::path& p
   return std::nullopt;
 }
 
+// With the links on the way to what may not be looked at resolved; behind that the path as written.
+std::filesystem::path asFarAsReadable(const std::filesystem::path& path) {
+  std::error_code failure;
+  const std::filesystem::path real = std::filesystem::canonical(path, failure);
+  if (!failure || !path.has_relative_path()) return real;
+  return asFarAsReadable(path.parent_path()) / path.filename();
+}
+
 std::string withoutEnd(std::string path) {
   if (path.size() > 1 && path.ends_with('/')) path.pop_back();
   return path;
@@ -42,7 +50,11 @@ std::optional<std::string> indexedPath(const std::string& path) {
   std::error_code failure;
   std::filesystem::path place = std::filesystem::absolute(path, failure);
   for (int links = 0; !failure && links < MOST_LINKS; ++links) {
-    place = std::filesystem::weakly_canonical(place, failure);
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(place, failure);
+    if (failure == std::errc::permission_denied) {
+      return withoutEnd(asFarAsReadable(place.lexically_normal()).string());
+    }
+    place = resolved;
     if (failure) break;
     const auto link = danglingLink(place);
     if (!link) return withoutEnd(place.string());

@@ -22,7 +22,8 @@ struct PathRange {
 };
 
 // The absolute path that the index knows a user's path by: with all links on its way resolved, even
-// where they lead to what is gone. Nothing when it cannot be told.
+// where they lead to what is gone. Behind a folder that may not be entered it is as written.
+// Nothing when it cannot be told.
 std::optional<std::string> indexedPath(const std::string& path);
 
 // Where a symbolic link lies itself, when the path names one: with the links on the way to it

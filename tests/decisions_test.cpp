@@ -123,7 +123,7 @@ TEST_F(DecisionsTest, OutliveARefreshAndHoldForNewFiles) {
       Rows());
 }
 
-TEST_F(DecisionsTest, FindWhatIsGoneBehindALink) {
+TEST_F(DecisionsTest, FindWhatIsGoneClosedOrBehindALink) {
   run("add --nominate content", ".");
   std::filesystem::create_symlink(docs.substr(0, docs.size() - 1), home.path() / "link");
   std::filesystem::remove_all(docs + "private");
@@ -136,6 +136,10 @@ TEST_F(DecisionsTest, FindWhatIsGoneBehindALink) {
   std::filesystem::create_symlink("..", docs + "up");
   run("add", "up", 1);
   run("withdraw", "nowhere", 1);
+  std::filesystem::permissions(docs + "old", std::filesystem::perms::none);
+  run("withdraw", "../link/old/x/");
+  std::filesystem::permissions(docs + "old", std::filesystem::perms::owner_all);
+  EXPECT_EQ(shown(), Rows({"a|1"}));
   EXPECT_NE(run("withdraw", "/etc/passwd").find("the rule is kept"), std::string::npos);
 }
 
