@@ -8,8 +8,8 @@
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace norvast;
   constexpr std::size_t LIMIT = 2000;
-  static const bool isPrepared = (CompoundFile::prepare(), true);
-  mustHold(isPrepared);
+  static const bool IS_PREPARED = (CompoundFile::prepare(), true);
+  mustHold(IS_PREPARED);
   mustKeepTheRules(readOldPresentation(textOf(bytes, size), LIMIT), LIMIT);
   mustKeepTheRules(readOutlookMail(textOf(bytes, size), LIMIT), LIMIT);
   return 0;
