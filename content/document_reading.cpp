@@ -68,9 +68,9 @@ std::variant<Document, ReadFailure> readDocument(const std::string& path,
     case FileKind::Way::pdf:
       return pdfWithScannedPages(*file, READ_CHARACTERS, options.languages);
     case FileKind::Way::image:
-      return documentOf(
-          isolatedImageText(*file, READ_CHARACTERS, readingDeadline(), options.languages),
-          "Vision OCR");
+      return isolatedDocument(
+          {"norvast_extract_image", {"photo", options.languages, std::to_string(READ_CHARACTERS)}},
+          *file);
     case FileKind::Way::document:
       return isolatedDocument(readerOf(kind.kind), *file);
     case FileKind::Way::lies:

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/byte_order.h"
+
 // In place of libde265's function of this name, which libheif calls for every HEVC picture: without
 // a worker thread it decodes in the calling one, and behind the lock there is no other. Exported
 // from the program, it comes before the library's own.
@@ -114,6 +116,26 @@ std::optional<GrayImage> decodeHeif(std::string_view bytes) {
   const Plane luminance = planeOf(picture, heif_channel_Y);
   if (luminance.bytes == nullptr) return std::nullopt;
   return grayImage(luminance, planeOf(picture, heif_channel_Alpha));
+}
+
+// ISO/IEC 23008-12, A.2.1: four bytes say how many more stand before the fields proper.
+std::string heifExif(std::string_view bytes) {
+  constexpr std::string_view START("Exif\0\0", 6);
+  constexpr std::size_t MOST_BYTES = std::size_t{64} << 10;  // as in JPEG
+  const Context context(heif_context_alloc());
+  const Handle handle = context ? primaryPicture(context.get(), bytes) : Handle();
+  heif_item_id block = 0;
+  if (!handle ||
+      heif_image_handle_get_list_of_metadata_block_IDs(handle.get(), "Exif", &block, 1) != 1) {
+    return {};
+  }
+  std::string fields(heif_image_handle_get_metadata_size(handle.get(), block), '\0');
+  if (fields.size() <= 4 || fields.size() > MOST_BYTES ||
+      !succeeded(heif_image_handle_get_metadata(handle.get(), block, fields.data()))) {
+    return {};
+  }
+  const std::size_t offset = 4 + std::size_t{bigEndianAt(fields, 0, 4)};
+  return offset < fields.size() ? std::string(START) + fields.substr(offset) : std::string();
 }
 
 }  // namespace norvast

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "extractor/gray_image.h"
@@ -17,5 +18,8 @@ bool isHeif(std::string_view bytes);
 // The primary picture, transformed as the file itself says. What is transparent shows white.
 // Nothing when it cannot be decoded.
 std::optional<GrayImage> decodeHeif(std::string_view bytes);
+
+// The EXIF fields of the primary picture, as photoSentence takes them; empty when it has none.
+std::string heifExif(std::string_view bytes);
 
 }  // namespace norvast

@@ -4,7 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "extractor/document_builder.h"
+#include "extractor/heif_decoding.h"
 #include "extractor/image_decoding.h"
+#include "extractor/photo_facts.h"
 #include "extractor/text_recognition.h"
 #include "text/unicode.h"
 
@@ -23,6 +26,20 @@ std::string joined(const std::vector<std::string>& lines) {
   return text;
 }
 
+std::string factsOf(const FileMapping& file) {
+  const std::string_view bytes = file.bytes();
+  return photoSentence(isHeif(bytes) ? heifExif(bytes) : std::string(bytes));
+}
+
+Extracted readPhoto(TextRecognizer& recognizer, FileMapping file, std::size_t limitCharacters) {
+  DocumentBuilder document("Vision OCR", limitCharacters);
+  document.add(DocumentBlock::Kind::paragraph, factsOf(file));
+  const auto image = decodeFile(std::move(file));
+  if (!image) return ReadFailure::decodingFailed;
+  document.add(DocumentBlock::Kind::paragraph, joined(recognizer.lines(*image)));
+  return asExtracted(document.take());
+}
+
 Extracted readImage(TextRecognizer& recognizer, FileMapping file, std::size_t limitClusters) {
   const auto image = decodeFile(std::move(file));
   if (!image) return ReadFailure::decodingFailed;
@@ -32,16 +49,25 @@ Extracted readImage(TextRecognizer& recognizer, FileMapping file, std::size_t li
   return text;
 }
 
-}  // namespace
-
-Extraction::Read prepareImageExtraction(const char* languages) {
+template <typename Read>
+Extraction::Read prepareReading(const char* languages, Read read) {
   prepareImageDecoding();
   auto opened = TextRecognizer::open(languages);
   if (!opened) return {};
   const auto recognizer = std::make_shared<TextRecognizer>(std::move(*opened));
-  return [recognizer](FileMapping file, std::size_t limitClusters) {
-    return readImage(*recognizer, std::move(file), limitClusters);
+  return [recognizer, read](FileMapping file, std::size_t limit) {
+    return read(*recognizer, std::move(file), limit);
   };
+}
+
+}  // namespace
+
+Extraction::Read prepareImageExtraction(const char* languages) {
+  return prepareReading(languages, readImage);
+}
+
+Extraction::Read preparePhotoExtraction(const char* languages) {
+  return prepareReading(languages, readPhoto);
 }
 
 }  // namespace norvast

@@ -9,4 +9,7 @@ namespace norvast {
 // needs. The reading gives the recognised lines joined by single blanks.
 Extraction::Read prepareImageExtraction(const char* languages);
 
+// The same, but the reading gives a document: what the picture's EXIF fields say, and these lines.
+Extraction::Read preparePhotoExtraction(const char* languages);
+
 }  // namespace norvast

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "content/document_reading.h"
 #include "content/mcp_content.h"
 #include "extractor/first_frame.h"
 #include "tests/file_bytes.h"
@@ -32,6 +33,20 @@ TEST(ImageText, IsTheLinesOfEveryFormat) {
   EXPECT_EQ(receipt.value().text,
             "Bakery Corner Rye bread 3.80 Six rolls 2.70 Apple cake, a slice 2.90 Sum 9.40 Fresh "
             "from five in the morning");
+}
+
+// In the index alone.
+TEST(PhotoText, BeginsWithWhatTheCameraWrote) {
+  for (const char* name : {"caption.jpg", "caption.heic"}) {
+    const auto read = readDocument(PICTURES + name);
+    ASSERT_TRUE(std::holds_alternative<Document>(read)) << name;
+    EXPECT_EQ(plainText(std::get<Document>(read)),
+              "Photo taken on 1 May 2024 at 12:30 by Ana Müller: Harbour of Lisbon (ferry;pier)");
+    EXPECT_FALSE(MCPContent::extract(PICTURES + name, 60'000)) << name;
+  }
+  const auto read = readDocument(PICTURES + "photograph.jpg");
+  EXPECT_EQ(plainText(std::get<Document>(read)),
+            "The harbour ferry leaves from pier seven every day at noon");
 }
 
 // Other formats than ours too, whether or not a library could read them.
