@@ -78,7 +78,6 @@ ExitStatus statusCommand(Form form) {
 ExitStatus showCommand(const std::vector<std::string>& paths, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
-  if (const auto why = objectionToIndex()) return fail(*why);
   ExitStatus status = ExitStatus::done;
   Json::Array files;
   for (const std::string& path : paths) {
@@ -112,7 +111,6 @@ ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) 
 ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
-  if (const auto why = objectionToIndex()) return fail(*why);
   auto read = lastEvents(*store, last);
   if (!read) return failToRead(*store);
   std::vector<TrailEvent> events = std::move(*read);
