@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "analysis/lines.h"
 #include "analysis/prose_text.h"
@@ -105,6 +106,24 @@ std::string_view subjectOf(std::string_view title) {
   return title;
 }
 
+// What the mails of a mailbox are about, each subject once, until they fill a lead.
+std::string subjects(const Outline& outline) {
+  std::vector<std::string> known;
+  std::string list;
+  for (const Stretch& stretch : outline.stretches) {
+    if (stretch.kind != Stretch::Kind::part) continue;
+    const std::string subject(subjectOf(onOneLine(outline.textOf(stretch))));
+    if (!saysSomething(subject) || std::find(known.begin(), known.end(), subject) != known.end()) {
+      continue;
+    }
+    if (!list.empty()) list += "; ";
+    list += subject;
+    if (countClusters(list) > LONGEST_LEAD_CLUSTERS) break;
+    known.push_back(subject);
+  }
+  return list;
+}
+
 // The name of a sender, without the address behind it.
 std::string_view senderName(std::string_view author) {
   std::string_view name = trimmed(author.substr(0, author.find('<')));
@@ -118,7 +137,7 @@ std::string_view senderName(std::string_view author) {
 std::string summaryLead(const Outline& outline, std::string_view name) {
   const bool isMail = typeGroup(fileExtension(name)) == "Mail";
   std::string title = onOneLine(outline.title);
-  if (isMail) title = subjectOf(title);
+  if (isMail) title = title.empty() ? subjects(outline) : std::string(subjectOf(title));
   if (!saysSomething(title)) title = firstHeading(outline);
   title = shortened(std::move(title));
   if (!isMail || outline.author.empty()) return title;

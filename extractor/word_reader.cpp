@@ -80,6 +80,8 @@ class WordPart {
       paragraph().text += '\n';
     } else if (name == "noBreakHyphen") {
       paragraph().text += '-';
+    } else if (name == "textpath") {
+      paragraph().text += xml.attribute("string");  // drawn as a picture
     } else if (name == "tbl") {
       ++tableDepth_;
     } else if (name == "tc") {

@@ -113,6 +113,11 @@ TEST(HostileFile, GivesAReasonInBoundedTime) {
   } rows[] = {
       {"blown up 1:1000", "word", office("<d>" + std::string(std::size_t{64} << 20, ' ') + "</d>"),
        ReadFailure::tooLarge, ""},
+      {"letters drawn as a picture",
+       "word",
+       office("<d><p><textpath string='Sale'/></p></d>"),
+       {},
+       "Sale"},
       {"entities in entities", "word", office(ENTITIES + "<d><p><t>&f;!</t></p></d>"),
        ReadFailure::decodingFailed, ""},
       {"a stranger's file", "xml", ENTITIES + "<d>before &file; after</d>", {}, "before after"},
