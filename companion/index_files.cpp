@@ -13,6 +13,7 @@
 #include "companion/known_files.h"
 #include "companion/path_range.h"
 #include "companion/progress.h"
+#include "companion/reading_order.h"
 #include "companion/reembedding.h"
 #include "store/settings.h"
 #include "store/statement.h"
@@ -170,12 +171,16 @@ class Indexing {
 
   // False when the index could not be written to the end.
   bool indexChanged(std::vector<ScannedFile> changed) {
-    Progress progress(changed.size(), work_.verbosity == Verbosity::quiet);
+    putSampleFirst(changed);
+    Progress progress(work_.verbosity);
+    for (const ScannedFile& file : changed) progress.expect(expectedKind(file), file.sizeBytes);
     for (ScannedFile& file : changed) {
       if (isToStop_ && isToStop_()) break;
+      const FileKind kind = expectedKind(file);
+      const std::int64_t bytes = file.sizeBytes;
       indexFile(std::move(file));
       if (isBatchFull() && !writeBatch()) return false;
-      progress.step();
+      progress.step(kind, bytes);
     }
     return writeBatch();
   }

@@ -1,6 +1,7 @@
 #include "companion/progress.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <string>
 
@@ -10,7 +11,7 @@ namespace norvast {
 namespace {
 
 constexpr auto BETWEEN_DRAWINGS = std::chrono::milliseconds(100);
-constexpr std::uint64_t BAR_WIDTH = 30;
+constexpr int BAR_WIDTH = 30;
 
 std::string twoDigits(std::uint64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
@@ -24,33 +25,48 @@ std::string durationText(std::uint64_t seconds) {
   return std::to_string(minutes / 60) + ":" + twoDigits(minutes % 60) + end;
 }
 
+double seconds(std::chrono::steady_clock::duration duration) {
+  return std::chrono::duration<double>(duration).count();
+}
+
+std::string barText(double share) {
+  std::string bar;
+  for (int at = 0; at < BAR_WIDTH; ++at) bar += at < share * BAR_WIDTH ? "█" : "░";
+  return bar;
+}
+
 }  // namespace
 
-Progress::Progress(std::uint64_t total, bool isQuiet)
-    : total_(total), isShown_(!isQuiet && total > 0 && isErrorTerminal()) {}
+Progress::Progress(Verbosity verbosity)
+    : isShown_(verbosity == Verbosity::normal && isErrorTerminal()) {}
 
 Progress::~Progress() {
   if (isShown_) (void)std::fputs("\r\033[K", stderr);
 }
 
-void Progress::step() {
+void Progress::expect(const FileKind& kind, std::int64_t bytes) {
+  ++total_;
+  timeLeft_.expect(kind, bytes);
+}
+
+void Progress::step(const FileKind& kind, std::int64_t bytes) {
   ++done_;
   const auto now = Clock::now();
+  timeLeft_.finish(kind, bytes, seconds(now - stepped_));
+  stepped_ = now;
   if (!isShown_ || now - drawn_ < BETWEEN_DRAWINGS) return;
   drawn_ = now;
   draw(now);
 }
 
-void Progress::draw(Clock::time_point now) const {
-  const double seconds = std::chrono::duration<double>(now - start_).count();
-  const double rate = static_cast<double>(done_) / std::max(seconds, 1e-3);
-  const double left = static_cast<double>(total_ - std::min(done_, total_)) / rate;
-  const std::uint64_t filled = BAR_WIDTH * std::min(done_, total_) / total_;
-  std::string bar;
-  for (std::uint64_t at = 0; at < BAR_WIDTH; ++at) bar += at < filled ? "█" : "░";
-  (void)std::fprintf(stderr, "\r\033[K%s %s of %s files, %.0f a second, %s left", bar.c_str(),
-                     grouped(done_).c_str(), grouped(total_).c_str(), rate,
-                     durationText(static_cast<std::uint64_t>(left)).c_str());
+void Progress::draw(Clock::time_point now) {
+  const double passed = std::max(seconds(now - start_), 1e-3);
+  const double left = timeLeft_.seconds();
+  shareDone_ = std::max(shareDone_, passed / (passed + left));
+  (void)std::fprintf(stderr, "\r\033[K%s %s of %s files, %.0f a second, %s left",
+                     barText(shareDone_).c_str(), grouped(done_).c_str(), grouped(total_).c_str(),
+                     static_cast<double>(done_) / passed,
+                     durationText(static_cast<std::uint64_t>(std::ceil(left))).c_str());
   (void)std::fflush(stderr);
 }
 

@@ -151,12 +151,14 @@ Reembedding embedAgain(const Connection& index, const SentenceEmbedding& sentenc
   Reembedding done;
   EmbeddingAgain work(index, sentence);
   if (work.isDone()) return done;
-  Progress progress(countFiles(index), verbosity == Verbosity::quiet);
+  Progress progress(verbosity);
+  const FileKind kind{FileKind::Way::text, {}};  // all cost the same: their texts are in the index
+  for (std::uint64_t file = countFiles(index); file > 0; --file) progress.expect(kind, 0);
   while (!work.isDone()) {
     const auto began = Clock::now();
     const auto step = [&] {
       ++done.files;
-      progress.step();
+      progress.step(kind, 0);
     };
     if (!work.embedBatch(step)) {
       done.obstacle = index.lastFailure();

@@ -1,0 +1,20 @@
+// Reading order: which files of a run are read first, so that soon it can be told how long it
+// takes.
+#pragma once
+
+#include <vector>
+
+#include "companion/file_scan.h"
+#include "content/file_kind.h"
+
+namespace norvast {
+
+// By the file's name alone; what is in it may turn out otherwise.
+FileKind expectedKind(const ScannedFile& file);
+
+// Brings a tenth of the files of each kind to the front, eight at the least, taken evenly from
+// all of that kind. All others stay in their order: neighbours on disk are neighbours in the index,
+// too.
+void putSampleFirst(std::vector<ScannedFile>& files);
+
+}  // namespace norvast
