@@ -62,10 +62,14 @@ TEST(StaticModel, ReadsEveryFormat) {
   std::string eighth;
   std::string mapping;
   for (int piece = 0; piece < 12; ++piece) {
-    half += littleEndian(piece == 9 ? 0x00004000 : 0xC0003C00, 4);  // (2, 0) or (1, -2)
+    half += littleEndian(piece == 9 ? 0x82000400 : 0xC0003C00, 4);  // 2^-15 (2, -1) or (1, -2)
     eighth += littleEndian(piece == 9 ? 0x00FF : 0x0001, 2);        // (-1, 0) or (1, 0)
     mapping += littleEndian(piece == 9 ? 1 : 0, 4);
   }
+  const std::string halves =
+      safetensors(header + R"({"dtype":"F16","shape":[12,2],"data_offsets":[0,48]}})", half);
+  std::string manyCars;
+  for (int piece = 0; piece < 512; ++piece) manyCars += "car ";
   const struct {
     const char* name;
     std::string table;
@@ -73,10 +77,9 @@ TEST(StaticModel, ReadsEveryFormat) {
     Numbers vector;
   } rows[] = {
       {"F32", tinyTable(), "car garden cars", {2 / std::sqrt(40.0), 6 / std::sqrt(40.0)}},
-      {"F16",
-       safetensors(header + R"({"dtype":"F16","shape":[12,2],"data_offsets":[0,48]}})", half),
-       "garden car",
-       {3 / std::sqrt(13.0), -2 / std::sqrt(13.0)}},
+      {"512 pieces", tinyTable(), manyCars + "garden", {1, 0}},
+      {"F16", halves, "car", {1 / std::sqrt(5.0), -2 / std::sqrt(5.0)}},
+      {"F16, subnormal", halves, "garden", {2 / std::sqrt(5.0), -1 / std::sqrt(5.0)}},
       {"I8 and weights",
        safetensors(header + R"({"dtype":"I8","shape":[12,2],"data_offsets":[0,24]},)"
                             R"("weights":{"dtype":"F32","shape":[12],"data_offsets":[24,72]}})",
@@ -108,6 +111,10 @@ TEST(StaticModel, RefusesWhatItDoesNotKnow) {
         R"({"embeddings":{"dtype":"F32","shape":[12,2],"data_offsets":[0,96]})" + members + "}",
         data);
   };
+  const auto mapped = [&](int row) {
+    return table(R"(,"mapping":{"dtype":"I32","shape":[12],"data_offsets":[96,144]})",
+                 rows + littleEndian(static_cast<std::uint32_t>(row), 4) + std::string(44, '\0'));
+  };
   const std::string huge = "18446744073709551615";
   const struct {
     std::string table;
@@ -123,7 +130,7 @@ TEST(StaticModel, RefusesWhatItDoesNotKnow) {
       {tinyTable(),
        [] {
          auto t = tinyTokenizer();
-         return t.replace(t.find(":11}"), 3, ":3");
+         return t.replace(t.find(":4,"), 2, ":3");
        }(),
        "one by one"},
       {tinyTable(),
@@ -135,6 +142,7 @@ TEST(StaticModel, RefusesWhatItDoesNotKnow) {
       {"", tinyTokenizer(), "damaged"},
       {littleEndian(~0ULL, 8) + "{}", tinyTokenizer(), "damaged"},
       {safetensors("{]", ""), tinyTokenizer(), "damaged"},
+      {table(std::string(1 << 20, ' '), rows), tinyTokenizer(), "damaged"},
       {safetensors("{}", ""), tinyTokenizer(), "no table"},
       {table("", rows.substr(4)), tinyTokenizer(), "damaged"},
       {safetensors(
@@ -147,6 +155,14 @@ TEST(StaticModel, RefusesWhatItDoesNotKnow) {
        tinyTokenizer(), "damaged"},
       {safetensors(R"({"embeddings":{"dtype":"F32","shape":[24],"data_offsets":[0,96]}})", rows),
        tinyTokenizer(), "rows of 1 to 1024"},
+      {safetensors(R"({"embeddings":{"dtype":"F32","shape":[12,0],"data_offsets":[0,0]}})", rows),
+       tinyTokenizer(), "rows of 1 to 1024"},
+      {safetensors(R"({"embeddings":{"dtype":"I8","shape":[12,1025],"data_offsets":[0,12300]}})",
+                   std::string(12'300, '1')),
+       tinyTokenizer(), "rows of 1 to 1024"},
+      {safetensors(R"({"embeddings":{"dtype":"F16","shape":[12,1],"data_offsets":[0,24]}})",
+                   littleEndian(0x7C00, 2) + std::string(22, '1')),
+       tinyTokenizer(), "no finite number"},
       {safetensors(R"({"embeddings":{"dtype":"F32","shape":[6,4],"data_offsets":[0,96]}})", rows),
        tinyTokenizer(), "12 pieces"},
       {safetensors(R"({"embeddings":{"dtype":"I32","shape":[12,2],"data_offsets":[0,96]}})", rows),
@@ -154,8 +170,13 @@ TEST(StaticModel, RefusesWhatItDoesNotKnow) {
       {table("", rows.substr(4) + float32s({NAN})), tinyTokenizer(), "no finite number"},
       {table(R"(,"weights":{"dtype":"F32","shape":[11],"data_offsets":[0,44]})", rows),
        tinyTokenizer(), "weights"},
+      {table(R"(,"weights":{"dtype":"F32","shape":[12],"data_offsets":[96,144]})",
+             rows + float32s({NAN}) + std::string(44, '1')),
+       tinyTokenizer(), "weights"},
       {table(R"(,"mapping":{"dtype":"I32","shape":[12],"data_offsets":[0,48]})", rows),
        tinyTokenizer(), "mapping"},
+      {mapped(12), tinyTokenizer(), "mapping"},
+      {mapped(-1), tinyTokenizer(), "mapping"},
   };
   for (const auto& refused : cases) {
     const auto model = read(refused.table, refused.tokenizer);

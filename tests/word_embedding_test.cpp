@@ -90,11 +90,11 @@ TEST(FunctionWords, TellTheLanguageOfAText) {
 TEST(WordEmbedding, GivesTheSameBitsEverywhere) {
   std::uint64_t digest = 0;
   for (const double value :
-       vectorOf("The quarterly budget report: parseHTTPRequest2, Zürich's 東京タワー")) {
+       vectorOf("The quarterly budget report: parseHTTPRequest2, Zürich's 東京タワー 2026")) {
     digest = std::rotl(digest, 7) * 31 + std::bit_cast<std::uint64_t>(value);
   }
   EXPECT_STREQ(EMBEDDING_SCHEME, "norvast-words-2");
-  EXPECT_EQ(digest, 12300768566972044286U);
+  EXPECT_EQ(digest, 4285129839450084342U);
 }
 
 TEST(WordEmbedding, HasLength1OrIsNothing) {
