@@ -29,8 +29,10 @@ constexpr auto BETWEEN_LOOKS = std::chrono::milliseconds(300);
 
 ExitStatus failToRead(const MCPStore& store) {
   const std::string why = store.rdb.lastFailure();
-  return fail("the index at " + indexDatabasePath().value_or("") + " cannot be read (" + why +
-              "): when it stays so, it is damaged; move it away and add your folders anew");
+  return fail(
+      "the index at " + indexDatabasePath().value_or("") + " cannot be read (" + why +
+      "): check the permissions of its folder; when it stays so, it is damaged: move it away and "
+      "add your folders anew");
 }
 
 ExitStatus setSwitchFile(const std::optional<std::string>& path, bool exists) {

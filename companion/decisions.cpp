@@ -45,6 +45,17 @@ bool run(const Connection& index, const std::string& sql, const std::vector<std:
   return Statement(index, sql, binds).run();
 }
 
+// All rules in the roots of that range, and the nominations besides.
+bool dropRules(const Connection& index, const std::vector<std::string>& range) {
+  return run(index,
+             "DELETE FROM rule WHERE " + std::string(AT_OR_BELOW) +
+                 " AND (kind IN ('content', 'metadata') OR EXISTS (SELECT 1 FROM root r WHERE "
+                 "(r.path = ?1 OR (r.path >= ?2 AND r.path < ?3)) AND (rule.path = r.path OR "
+                 "(rule.path >= rtrim(r.path, '/') || '/' AND "
+                 "rule.path < rtrim(r.path, '/') || '0'))))",
+             range);
+}
+
 }  // namespace
 
 const Root* Decisions::rootOf(const std::string& path) const {
@@ -131,8 +142,8 @@ bool dropRoots(const Connection& index, const std::string& path) {
              "WHERE " +
                  std::string(AT_OR_BELOW) + ")",
              binds) &&
-         run(index, "DELETE FROM root WHERE " + std::string(AT_OR_BELOW), binds) &&
-         run(index, "DELETE FROM rule WHERE " + std::string(AT_OR_BELOW), binds);
+         dropRules(index, binds) &&
+         run(index, "DELETE FROM root WHERE " + std::string(AT_OR_BELOW), binds);
 }
 
 }  // namespace norvast

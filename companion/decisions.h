@@ -67,7 +67,8 @@ class CurrentDecisions {
 bool storeRule(const Connection& index, const Rule& rule);
 bool dropRule(const Connection& index, const std::string& path);
 bool storeRoot(const Connection& index, const Root& root);
-// The roots at and below the path with their exclusions and with all rules there.
+// The roots at and below the path with their exclusions and all rules in them, and the nominations
+// that lie there outside of any root. What is withheld or left out outside stays so.
 bool dropRoots(const Connection& index, const std::string& path);
 
 }  // namespace norvast

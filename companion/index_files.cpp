@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <set>
 #include <span>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -156,8 +158,10 @@ class Indexing {
     changed.push_back(std::move(file));
   }
 
-  // Before what was moved is indexed where it lies now.
+  // Before what was moved is indexed where it lies now, while the scan went on, too.
   bool carryRules(std::vector<ScannedFile>& changed) {
+    moved_.look();
+    meetFoldersOf(changed);
     const auto carried = moved_.carry();
     if (!carried || carried->empty()) return carried.has_value();
     writing_.forgetDecisions();
@@ -167,6 +171,17 @@ class Indexing {
     std::erase_if(changed,
                   [&](const ScannedFile& file) { return !decisions->isIndexed(file.path); });
     return true;
+  }
+
+  void meetFoldersOf(const std::vector<ScannedFile>& files) {
+    std::set<std::string, std::less<>> met;
+    for (const ScannedFile& file : files) {
+      moved_.meet(file.path);
+      for (auto folder = parentOf(file.path); folder; folder = parentOf(*folder)) {
+        if (!met.emplace(*folder).second) break;
+        moved_.meet(std::string(*folder));
+      }
+    }
   }
 
   // False when the index could not be written to the end.

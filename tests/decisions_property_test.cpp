@@ -53,6 +53,12 @@ struct Model {
                        [&](const std::string& root) { return isWithin(path, root); });
   }
 
+  bool isInRootBelow(const std::string& path, const std::string& folder) const {
+    return std::any_of(roots.begin(), roots.end(), [&](const std::string& root) {
+      return isWithin(path, root) && isWithin(root, folder);
+    });
+  }
+
   // "1" or "0" as mcp_exposure has it, or nothing where clients see nothing.
   std::string exposureOf(const std::string& path) const {
     const std::string kind = kindFor(path);
@@ -75,9 +81,16 @@ Model after(Model model, const Command& command) {
   } else if (command[0] == "rules") {
     model.rules.erase(path);
   } else if (command[0] == "remove") {
+    const Model before = model;
     const auto isBelow = [&path](const auto& place) { return isWithin(place, path); };
     const bool hadRoots = std::erase_if(model.roots, isBelow) > 0;
-    if (hadRoots) std::erase_if(model.rules, [&](const auto& rule) { return isBelow(rule.first); });
+    // Outside of the roots that go, nothing is shown by it that was not.
+    if (hadRoots) {
+      std::erase_if(model.rules, [&](const auto& rule) {
+        const bool isNomination = rule.second == "content" || rule.second == "metadata";
+        return isBelow(rule.first) && (isNomination || before.isInRootBelow(rule.first, path));
+      });
+    }
     if (!hadRoots || model.isInRoot(path)) model.rules[path] = "left out";
   }
   return model;
