@@ -106,9 +106,17 @@ TEST(Summary, BeginsWithWhatTheTextIs) {
         "",
         {{Kind::paragraph,
           "---\na: b\n---\n# Fish\n**Salmon** with a [crisp](x) skin takes "
-          "ten `minutes` in the pan.<br>\n```\nNo code is told here.\n```"}}},
+          "ten `minutes` in the pan.<br>\n```\nNo code with salmon takes a crisp skin in this "
+          "pan.\n```"}}},
        "a.md",
        "Fish: " + gist},
+      {{"",
+        "",
+        "",
+        {{Kind::paragraph, "the salmon with a crisp skin takes minutes in a hot pan."},
+         {Kind::paragraph, gist}}},
+       "cut.docx",
+       gist},
       {{"", "", "", {{Kind::paragraph, "import fish\n\n# " + gist + "\n"}}}, "a.py", gist},
   };
   for (const auto& row : rows)
@@ -146,6 +154,9 @@ TEST(Entities, AreFoundByPlainRules) {
       {"Gartenstrasse 8 and 12 Baker Street", {"Gartenstrasse 8", "12 Baker Street"}},
       {"std::vector<Foo Bar> x = New Thing();\nid,First Name,Last Name,a,b,c,d", {}},
       {"1.2.3 and 99/99 and 3.14.15", {}},
+      {"Extension +41 22 rings on 12 March, not on 3 Sep or Sep 4.", {"12 March"}},
+      {"We took Maria Keller's pump.", {"Maria Keller"}},
+      {"We buy Garden Pumps here, as each garden needs pumps.", {}},
       {"café René Dupont, cafe\u0301 Rene\u0301 Dupont", {"René Dupont"}},
       {"See [home](https://example.org/a), <a href=\"http://x.org\">x</a> and "
        "https://a\"b.org.",
@@ -234,6 +245,17 @@ TEST(Passages, KnowTheirHeadingAndStandOnce) {
                            {Kind::paragraph, copy},
                            {Kind::paragraph, copy},
                            {Kind::paragraph, copy}}};
+  const Document slides{"",
+                        "",
+                        "",
+                        {{Kind::part, "One"},
+                         {Kind::paragraph, "Pumps."},
+                         {Kind::part, "Two"},
+                         {Kind::paragraph, "Hoses."}}};
+  const auto apart = cutPassages(outlineOf(slides, "a.pptx"));
+  ASSERT_EQ(apart.size(), 2U);
+  EXPECT_EQ(apart[0].text, "One\n\nPumps.");
+
   Texts found;
   for (const QuotablePassage& passage : cutPassages(outlineOf(document, "a.docx"))) {
     found.push_back(passage.heading + "|" + passage.text.substr(0, 10));
@@ -259,6 +281,7 @@ TEST(Passages, OfTablesOfValuesAreBounded) {
 TEST(EmbeddedText, SaysWhereAPassageStandsOnce) {
   EXPECT_EQ(embeddedPassage("a.txt", "Pumps", "Hoses", "Text."), "a.txt\nPumps\nHoses\nText.");
   EXPECT_EQ(embeddedPassage("a.txt", "Pumps", "Pumps", "Pumps\n\nText."), "a.txt\nPumps\n\nText.");
+  EXPECT_EQ(embeddedPassage("a.txt", "Pumps", "Pumps", "Text."), "a.txt\nPumps\nText.");
   EXPECT_EQ(embeddedFile("a", "Sum.", {"One", std::string(3000, 'x')}),
             "a\nSum.\nOne\n" + std::string(1996, 'x'));
 }
