@@ -1,6 +1,7 @@
 #include "companion/reading_order.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <map>
 #include <string_view>
@@ -15,6 +16,28 @@ constexpr std::size_t SAMPLED_OF = 10;
 constexpr std::size_t LEAST_SAMPLED = 8;
 
 using Kind = std::pair<FileKind::Way, std::string_view>;
+
+// The places of a list so that those of every beginning lie evenly over all of it: by the bits of
+// their numbers in reverse (https://en.wikipedia.org/wiki/Van_der_Corput_sequence).
+std::vector<std::size_t> spreadPlaces(std::size_t count) {
+  const std::size_t end = std::bit_ceil(count);
+  std::vector<std::size_t> places;
+  for (std::size_t number = 0, place = 0; number < end; ++number) {
+    if (place < count) places.push_back(place);
+    std::size_t bit = end / 2;  // adds 1 at the other end
+    for (; (place & bit) != 0; bit /= 2) place &= ~bit;
+    place |= bit;
+  }
+  return places;
+}
+
+void spread(std::vector<ScannedFile>& files, const std::vector<std::size_t>& ofKind) {
+  std::vector<ScannedFile> spread;
+  for (const std::size_t place : spreadPlaces(ofKind.size())) {
+    spread.push_back(std::move(files[ofKind[place]]));
+  }
+  for (std::size_t at = 0; at < ofKind.size(); ++at) files[ofKind[at]] = std::move(spread[at]);
+}
 
 // A file of the sample, and how far it is among all files of its kind, from 0 to 1.
 struct Sampled {
@@ -45,6 +68,7 @@ void putSampleFirst(std::vector<ScannedFile>& files) {
   }
   std::vector<Sampled> sample;
   for (const auto& [kind, ofKind] : kinds) {
+    if (kind.first != FileKind::Way::text) spread(files, ofKind);
     const std::vector<Sampled> some = sampleOf(ofKind);
     sample.insert(sample.end(), some.begin(), some.end());
   }

@@ -12,9 +12,10 @@ namespace norvast {
 // By the file's name alone; what is in it may turn out otherwise.
 FileKind expectedKind(const ScannedFile& file);
 
-// Brings a tenth of the files of each kind to the front, eight at the least, taken evenly from
-// all of that kind. All others stay in their order: neighbours on disk are neighbours in the index,
-// too.
+// Brings a tenth of the files of each kind to the front, eight at the least, taken evenly from all
+// of that kind. Other texts stay in their order: neighbours on disk are neighbours in the index,
+// too. What takes a program of its own to read costs more than that saves: it is spread, so that
+// whatever was read of it stands for the rest.
 void putSampleFirst(std::vector<ScannedFile>& files);
 
 }  // namespace norvast

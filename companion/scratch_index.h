@@ -14,8 +14,8 @@ namespace norvast {
 // why there can be none.
 //
 // The user's index and its folder stay byte for byte as they are. Only while another program has
-// the index open are SQLite's marks in the memory beside it (-shm) touched, by which readers and
-// writers know of each other.
+// the index open, or a crash left its log, SQLite makes or touches the shared memory beside it
+// (-shm), by which readers and writers know of each other.
 std::variant<Connection, std::string> scratchIndex();
 
 }  // namespace norvast

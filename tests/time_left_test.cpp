@@ -71,10 +71,12 @@ TEST(TimeLeft, IsRightWithinAFactorOfTwoFromTheFirstTenthOn) {
   const Folder texts{"txt", 3000, 50'000, 0.001, 2e-7, 3};
   const Folder logs{"log", 20, 300'000'000, 0.001, 2e-7, 1.5};
   const Folder papers{"pdf", 100, 3'000'000, 0.05, 3e-7, 4};
+  const Folder photos{"jpg", 15, 300'000, 12, 0, 1.2};  // of a kind with the scans
   const Folder scans{"png", 150, 4'000'000, 1.5, 0, 5};
   for (const auto& folders :
-       {std::vector{texts, papers, scans}, std::vector{scans, texts}, std::vector{texts, logs},
-        std::vector{papers, texts}, std::vector{texts, scans, papers, logs}}) {
+       {std::vector{texts, papers, scans}, std::vector{texts, photos, scans},
+        std::vector{scans, texts}, std::vector{texts, logs}, std::vector{papers, texts},
+        std::vector{texts, scans, papers, logs}}) {
     for (const double slowness : {0.05, 1.0, 20.0}) {
       EXPECT_LT(worstFactor(folders, slowness), 2)
           << folders.front().extension << " first, " << slowness;
