@@ -35,10 +35,10 @@ ReadFailure reasonOf(int error) {
   return error == FREEXL_INSUFFICIENT_MEMORY ? ReadFailure::tooLarge : ReadFailure::decodingFailed;
 }
 
-unsigned int property(const Workbook& workbook, unsigned short name) {
-  unsigned int value = 0;
-  (void)freexl_get_info(workbook.get(), name, &value);  // 0 when it has none
-  return value;
+unsigned int sheetCount(const Workbook& workbook) {
+  unsigned int count = 0;
+  (void)freexl_get_info(workbook.get(), FREEXL_BIFF_SHEET_COUNT, &count);  // leaves 0 if it fails
+  return count;
 }
 
 std::string shown(double number) {
@@ -98,17 +98,15 @@ ReadDocument readOldSpreadsheet(std::string_view bytes, std::size_t limitCharact
   auto records = file->stream("Workbook");
   if (!records) records = file->stream("Book");
   if (!records) return ReadFailure::decodingFailed;
+  if (isEncryptedWorkbook(*records)) return ReadFailure::encrypted;
   const WorkbookBytes repacked(repackedWorkbook(std::move(*records)));
   const void* opened = nullptr;
   const int error = freexl_open(WORKBOOK_NAME, &opened);
   const Workbook workbook(opened);
   if (error != FREEXL_OK || !workbook) return reasonOf(error);
-  if (property(workbook, FREEXL_BIFF_PASSWORD) == FREEXL_BIFF_OBFUSCATED) {
-    return ReadFailure::encrypted;
-  }
   DocumentBuilder document("Excel 97", limitCharacters);
   file->addProperties(document);
-  const unsigned int sheets = property(workbook, FREEXL_BIFF_SHEET_COUNT);
+  const unsigned int sheets = sheetCount(workbook);
   for (unsigned int sheet = 0; sheet < sheets && !document.isFull(); ++sheet) {
     addSheet(workbook, static_cast<unsigned short>(sheet), document);
   }

@@ -18,6 +18,7 @@ std::string* currentBytes = nullptr;
 // [MS-XLS] 2.1.4: each record is its type and its length, two bytes each, and that many bytes.
 constexpr std::size_t HEADER_BYTES = 4;
 constexpr std::uint32_t SHARED_TEXTS = 0x00FC;
+constexpr std::uint32_t PASSWORD = 0x002F;
 constexpr std::uint32_t SHEET_START = 0x0809;
 constexpr std::uint32_t SHEET_END = 0x000A;
 constexpr std::string_view UNREAD_TYPE("\xFF\0", 2);  // 0x00FF, of a record that speeds others up
@@ -61,6 +62,16 @@ WorkbookBytes::WorkbookBytes(std::string bytes) : bytes_(std::move(bytes)) {
 }
 
 WorkbookBytes::~WorkbookBytes() { currentBytes = nullptr; }
+
+bool isEncryptedWorkbook(std::string_view stream) {
+  while (stream.size() >= HEADER_BYTES) {
+    const std::uint32_t type = littleEndianAt(stream, 0, 2);
+    if (type == PASSWORD || type == SHEET_END) return type == PASSWORD;
+    stream.remove_prefix(
+        std::min(HEADER_BYTES + std::size_t{littleEndianAt(stream, 2, 2)}, stream.size()));
+  }
+  return false;
+}
 
 std::string repackedWorkbook(std::string stream) {
   const OwnedGObject<GsfOutput> memory(gsf_output_memory_new());

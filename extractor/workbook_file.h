@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 namespace norvast {
 
@@ -21,6 +22,9 @@ class WorkbookBytes {
  private:
   std::string bytes_;
 };
+
+// Whether the stream of records of an old workbook says that what follows is encrypted.
+bool isEncryptedWorkbook(std::string_view stream);
 
 // The stream of records of an old workbook in a compound file of its own, in the form that FreeXL
 // reads: it stumbles over streams below 4096 bytes, over the empty table of shared texts that

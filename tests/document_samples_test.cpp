@@ -67,6 +67,13 @@ TEST(PlainTextOfTheIndex, IsDecodedFromTheEncodingThatItHas) {
   }
 }
 
+// The workbook with its record of an encoding (type 0x42) made one of a password (0x2F).
+std::string lockedWorkbook() {
+  std::string bytes = fileBytes(TEST_DATA "/documents/costs.xls");
+  bytes[bytes.find(std::string_view("\x42\0\2\0", 4))] = '\x2F';
+  return bytes;
+}
+
 TEST(DocumentReading, SaysWhyThereIsNoText) {
   const struct {
     const char* name;
@@ -92,6 +99,7 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
       {"plain.key", "Plain", ReadFailure::noReader},
       {"cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
       {"cut.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
+      {"locked.xls", lockedWorkbook(), ReadFailure::encrypted},
       {"cut.ppt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
       {"cut.msg", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
   };
