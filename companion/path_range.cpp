@@ -23,7 +23,7 @@ std::optional<std::filesystem::path> danglingLink(const std::filesystem::path& p
 // With the links on the way to what may not be looked at resolved; behind that the path as written.
 std::filesystem::path asFarAsReadable(const std::filesystem::path& path) {
   std::error_code failure;
-  const std::filesystem::path real = std::filesystem::canonical(path, failure);
+  std::filesystem::path real = std::filesystem::canonical(path, failure);
   if (!failure || !path.has_relative_path()) return real;
   return asFarAsReadable(path.parent_path()) / path.filename();
 }

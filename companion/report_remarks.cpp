@@ -24,6 +24,7 @@ std::string lines(const std::string& what, const std::vector<std::string>& paths
 
 std::string movedText(const std::vector<MovedRule>& moved) {
   std::vector<std::string> places;
+  places.reserve(moved.size());
   for (const MovedRule& one : moved) {
     places.push_back(printable(one.rule.path) + " (" + std::string(ruleName(one.rule.kind)) +
                      ", as it was at " + printable(one.from) + ")");

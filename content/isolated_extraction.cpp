@@ -88,7 +88,7 @@ std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file
 
 // The program looks for its models before it looks at its file, which is empty here.
 bool recognizesLanguage(const std::string& name) {
-  constexpr auto isOfName = [](char character) {
+  const auto isOfName = [](char character) {
     return isAsciiDigit(character) || isAsciiCapital(character) ||
            (character >= 'a' && character <= 'z') || character == '_';
   };

@@ -43,7 +43,7 @@ unsigned int sheetCount(const Workbook& workbook) {
 
 std::string shown(double number) {
   std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   return {digits.data(), end};
 }
 

@@ -88,7 +88,8 @@ std::string repackedWorkbook(std::string stream) {
 }  // namespace norvast
 
 // Stands before the C library's: FreeXL knows files by their names alone, and a process that is
-// locked in can open none.
+// locked in can open none. The C library's own parameter names are reserved ones.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" FILE* fopen(const char* path, const char* /*mode*/) {
   const bool isWorkbook =
       norvast::currentBytes != nullptr && std::string_view(path) == norvast::WORKBOOK_NAME;
