@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "analysis/plain_text_outline.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -41,10 +42,15 @@ void append(Outline& outline, Stretch::Kind kind, std::string_view text) {
 
 }  // namespace
 
+std::string_view nameIn(std::string_view heading) {
+  constexpr std::size_t LONGEST_BYTES = 500;
+  return firstBytes(heading, LONGEST_BYTES);
+}
+
 Outline outlineOf(Document document, std::string_view name) {
   Outline outline;
-  outline.title = std::move(document.title);
-  outline.author = std::move(document.author);
+  outline.title = nameIn(document.title);
+  outline.author = nameIn(document.author);
   auto& blocks = document.blocks;
   if (blocks.size() == 1 && blocks.front().kind == DocumentBlock::Kind::paragraph) {
     outline.text = std::move(blocks.front().text);

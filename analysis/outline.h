@@ -28,7 +28,7 @@ struct Stretch {
 };
 
 struct Outline {
-  std::string title;   // that the file gives itself; empty when it gives none
+  std::string title;   // that the file gives itself, as nameIn gives it; empty when it gives none
   std::string author;  // likewise; of a mail its sender
   std::string text;    // as it stands in the file; without navigation and other boilerplate
   std::vector<Stretch> stretches;
@@ -37,6 +37,10 @@ struct Outline {
     return std::string_view(text).substr(stretch.start, stretch.size);
   }
 };
+
+// As much of a title or heading as a name has: each passage is embedded with those above it, and a
+// file may call anything its title. At most 500 bytes.
+std::string_view nameIn(std::string_view heading);
 
 // The outline of the document read from a file of that name. A document of one paragraph, as a file
 // of plain text gives, is taken apart by the rules of its kind (plain_text_outline.h).

@@ -8,6 +8,7 @@
 
 #include "analysis/value_table.h"
 #include "text/unicode.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -50,15 +51,6 @@ std::size_t endOfPiece(std::string_view window, std::size_t full) {
   return full;
 }
 
-// The leading bytes of a text, not beyond the window and not inside a character.
-std::string_view windowOf(std::string_view text) {
-  std::size_t end = std::min(WINDOW_BYTES, text.size());
-  while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
-    --end;
-  }
-  return text.substr(0, end);
-}
-
 // A line of text that names what is below it.
 struct Heading {
   std::size_t start = 0;
@@ -71,7 +63,7 @@ std::vector<Heading> headingsOf(const Outline& outline) {
   for (const Stretch& stretch : outline.stretches) {
     const bool isPart = stretch.kind == Stretch::Kind::part;
     if (isPart || stretch.kind == Stretch::Kind::heading) {
-      headings.push_back({stretch.start, isPart, outline.textOf(stretch)});
+      headings.push_back({stretch.start, isPart, nameIn(outline.textOf(stretch))});
     }
   }
   return headings;
@@ -113,7 +105,7 @@ class Cutter {
   }
 
   std::size_t endOfNext() const {
-    std::string_view window = windowOf(text_.substr(start_));
+    std::string_view window = firstBytes(text_.substr(start_), WINDOW_BYTES);
     const std::size_t part = firstPartBefore(start_ + window.size());
     window = window.substr(0, part - start_);
     const std::size_t full = firstClusters(window, MOST_CLUSTERS).size();

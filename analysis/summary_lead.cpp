@@ -86,7 +86,7 @@ std::string firstHeading(const Outline& outline) {
   for (const Stretch& stretch : outline.stretches) {
     if (stretch.start > LEADING_BYTES) break;
     if (stretch.kind != Stretch::Kind::heading && stretch.kind != Stretch::Kind::part) continue;
-    std::string heading = proseText(outline.textOf(stretch));
+    std::string heading = proseText(nameIn(outline.textOf(stretch)));
     if (saysSomething(heading)) return heading;
   }
   return {};

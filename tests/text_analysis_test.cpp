@@ -125,7 +125,7 @@ TEST(Summary, BeginsWithWhatTheTextIs) {
 
 TEST(Summary, KnowsTheAbbreviationsOfTheLanguage) {
   const std::string german =
-      "Die Pumpe des Vereins kostet ca. Fr. 400 und wird von Dr. Keller bis zum Abend repariert.";
+      "Die Pumpe des Vereins kostet ca. Fr. 400 und wird von Dr. Keller am 14. Mai repariert.";
   EXPECT_EQ(summaryOf(german), german);
 }
 
@@ -262,6 +262,16 @@ TEST(Passages, KnowTheirHeadingAndStandOnce) {
   }
   EXPECT_EQ(found, Texts({"One|One\n\nPumps", "One: Hoses|Hoses\n\nFil", "Two|Two\n\nxxxxx",
                           "Two|xxxxxxxxxx"}));
+}
+
+TEST(Passages, AreNamedByTheBeginningOfALongHeading) {
+  std::string words;
+  for (int number = 0; number < 300; ++number) words += "aü";
+  const Outline outline =
+      outlineOf({"", words, words, {{Kind::heading, words}, {Kind::paragraph, words}}}, "a.docx");
+  const std::string name = words.substr(0, 499);  // the 500th byte is within a character
+  EXPECT_EQ(Texts({outline.title, outline.author, cutPassages(outline).front().heading}),
+            Texts({name, name, name}));
 }
 
 TEST(Passages, OfTablesOfValuesAreBounded) {

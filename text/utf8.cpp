@@ -2,6 +2,7 @@
 
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -57,6 +58,14 @@ bool isCutCharacter(std::string_view bytes) {
   // A character's valid beginning is one maximal invalid part, and nothing follows it.
   std::size_t at = 0;
   return !nextCharacter(bytes, at) && at == bytes.size();
+}
+
+std::string_view firstBytes(std::string_view utf8, std::size_t limit) {
+  std::size_t end = std::min(limit, utf8.size());
+  while (end < utf8.size() && end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80) {
+    --end;
+  }
+  return utf8.substr(0, end);
 }
 
 std::string repairUtf8(std::string bytes) {

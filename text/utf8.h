@@ -17,6 +17,9 @@ std::size_t validUtf8Length(std::string_view bytes);
 // whose further bytes are missing: what a cut at a byte limit leaves.
 bool isCutCharacter(std::string_view bytes);
 
+// The leading bytes of valid UTF-8, at most `limit` of them, that end between two characters.
+std::string_view firstBytes(std::string_view utf8, std::size_t limit);
+
 // The bytes as valid UTF-8: each maximal invalid part replaced by one U+FFFD, all else unchanged.
 std::string repairUtf8(std::string bytes);
 
