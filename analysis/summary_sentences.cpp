@@ -125,6 +125,29 @@ bool readsAsProse(std::string_view sentence) {
          letterCaseOf(sentence) != LetterCase::small;
 }
 
+// "am 14." of "am 14. Mai": German writes ordinals so.
+bool endsWithOrdinal(std::string_view sentence) {
+  if (!sentence.ends_with('.')) return false;
+  sentence.remove_suffix(1);
+  const std::size_t before = sentence.find_last_not_of("0123456789");
+  const std::size_t digits = sentence.size() - (before + 1);  // npos + 1 is 0: nothing else
+  return (digits == 1 || digits == 2) && before != std::string_view::npos &&
+         isBlank(sentence[before]);
+}
+
+std::vector<std::string_view> wholeSentencesOf(std::string_view prose, Language language) {
+  std::vector<std::string_view> whole;
+  for (const std::string_view sentence : sentencesOf(prose, localeOf(language))) {
+    if (language == Language::german && !whole.empty() && endsWithOrdinal(whole.back())) {
+      const char* start = whole.back().data();
+      whole.back() = {start, static_cast<std::size_t>(sentence.data() + sentence.size() - start)};
+    } else {
+      whole.push_back(sentence);
+    }
+  }
+  return whole;
+}
+
 std::vector<std::string> termsOf(std::string_view sentence, Language language) {
   std::vector<std::string> terms = contentTerms(sentence);
   std::erase_if(terms,
@@ -152,7 +175,7 @@ std::vector<SummarySentence> summarySentences(const Outline& outline, Language l
     const std::string_view text = outline.textOf(stretch).substr(0, limitBytes - stretch.start);
     if (isQuoted(text) || beginsSignature(text)) continue;
     const std::string prose = proseText(text);
-    for (const std::string_view sentence : sentencesOf(prose, localeOf(language))) {
+    for (const std::string_view sentence : wholeSentencesOf(prose, language)) {
       if (!endsAsSentence(sentence) || !readsAsProse(sentence)) continue;
       const std::size_t clusters = countClusters(sentence);
       if (clusters < SHORTEST_CLUSTERS || clusters > LONGEST_CLUSTERS) continue;
