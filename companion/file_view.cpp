@@ -30,7 +30,8 @@ std::string joined(const std::vector<std::string>& parts) {
 }
 
 std::string beginning(std::string text) {
-  std::replace(text.begin(), text.end(), '\n', ' ');
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
   const std::string_view leading = firstClusters(text, BEGINNING);
   return leading.size() == text.size() ? text : std::string(leading) + "…";
 }
