@@ -28,8 +28,9 @@ std::string attributeValue(xmlTextReader* reader, IsWanted isWanted) {
 
 XmlReader::XmlReader(std::string_view bytes, const char* encoding) {
   if (bytes.size() > std::size_t{std::numeric_limits<int>::max()}) return;
+  const int options = encoding == nullptr ? OPTIONS : OPTIONS | XML_PARSE_IGNORE_ENC;
   reader_.reset(
-      xmlReaderForMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, encoding, OPTIONS));
+      xmlReaderForMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, encoding, options));
 }
 
 XmlReader::Event XmlReader::next() {

@@ -16,7 +16,8 @@ class XmlReader {
  public:
   enum class Event { start, end, text, finished, failed };
 
-  // `bytes` must outlive the reader. Their encoding is what they say, or `encoding` if it is given.
+  // `bytes` must outlive the reader. Their encoding is what they say, or `encoding` if it is given,
+  // whatever they say.
   explicit XmlReader(std::string_view bytes, const char* encoding = nullptr);
 
   // The next event; after the last one always finished, or failed when the text is no XML from
