@@ -18,14 +18,22 @@ std::string relationshipsName(std::string_view name) {
   return std::string(name.substr(0, start)) + "_rels/" + std::string(name.substr(start)) + ".rels";
 }
 
+// Name of the outermost element; empty when the part does not begin as XML.
+std::string rootOf(const ZipPart& part) {
+  XmlReader xml(part.bytes);
+  return std::string(xml.next() == XmlReader::Event::start ? xml.name() : std::string_view());
+}
+
 }  // namespace
 
-std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes) {
+std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes,
+                                                       std::string_view root) {
   auto read = readZipParts(bytes, mayHoldText);
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
   OfficeParts office{std::move(std::get<ZipParts>(read)), {}};
   office.mainPart = targetOfType(relationshipsOf(office.parts, ""), "officeDocument");
-  if (findPart(office.parts, office.mainPart) == nullptr) return ReadFailure::decodingFailed;
+  const ZipPart* main = findPart(office.parts, office.mainPart);
+  if (main == nullptr || rootOf(*main) != root) return ReadFailure::decodingFailed;
   return office;
 }
 

@@ -23,8 +23,10 @@ struct OfficeParts {
   std::string mainPart;  // name of the part that holds the text, or the order of its other parts
 };
 
-// The parts of an office file that may hold text. decodingFailed when it has no main part.
-std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes);
+// The parts of an office file that may hold text. decodingFailed when it has no main part, or one
+// whose outermost element is another than `root`: "document", "workbook" or "presentation".
+std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes,
+                                                       std::string_view root);
 
 // What the part of that name refers to, in the file's order.
 std::vector<Relationship> relationshipsOf(const ZipParts& parts, std::string_view name);

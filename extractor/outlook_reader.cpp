@@ -17,6 +17,9 @@ namespace {
 
 using Kind = DocumentBlock::Kind;
 
+// [MS-OXMSG] 2.4: every mail has this stream.
+constexpr const char* PROPERTIES = "__properties_version1.0";
+
 // Properties of [MS-OXPROPS], as the names of their streams write them.
 constexpr const char* SUBJECT = "0037";
 constexpr const char* SENDER_NAME = "0C1A";
@@ -70,7 +73,7 @@ std::string sentOn(const CompoundFile& file) {
   constexpr std::size_t HEADER_BYTES = 32;
   constexpr std::size_t ENTRY_BYTES = 16;
   constexpr std::uint32_t CLIENT_SUBMIT_TIME = 0x00390040;
-  const std::string entries = file.stream("__properties_version1.0").value_or("");
+  const std::string entries = file.stream(PROPERTIES).value_or("");
   for (std::size_t at = HEADER_BYTES; at + ENTRY_BYTES <= entries.size(); at += ENTRY_BYTES) {
     if (littleEndianAt(entries, at, 4) != CLIENT_SUBMIT_TIME) continue;
     const std::uint64_t high = littleEndianAt(entries, at + 12, 4);
@@ -101,7 +104,7 @@ void addAttachments(const CompoundFile& file, DocumentBuilder& document) {
 
 ReadDocument readOutlookMail(std::string_view bytes, std::size_t limitCharacters) {
   const auto file = CompoundFile::open(bytes);
-  if (!file) return ReadFailure::decodingFailed;
+  if (!file || !file->stream(PROPERTIES)) return ReadFailure::decodingFailed;
   DocumentBuilder document("mail", limitCharacters);
   const std::string sender = senderOf(*file);
   document.setTitle(property(*file, SUBJECT));

@@ -28,7 +28,7 @@ ArchiveReader openPacked(std::string_view bytes) {
         archive_read_support_format_rar, archive_read_support_format_rar5,
         archive_read_support_format_iso9660, archive_read_support_format_cab,
         archive_read_support_format_ar, archive_read_support_format_cpio,
-        archive_read_support_format_raw}) {
+        archive_read_support_format_raw, archive_read_support_format_empty}) {
     (void)support(raw);  // what is missing reads nothing
   }
   if (archive_read_open_memory(raw, bytes.data(), bytes.size()) != ARCHIVE_OK) return nullptr;
@@ -72,9 +72,9 @@ void preparePacked() {
 ReadDocument readPacked(std::string_view bytes, std::size_t limitCharacters) {
   const ArchiveReader reader = openPacked(bytes);
   archive_entry* entry = nullptr;
-  if (!reader || archive_read_next_header(reader.get(), &entry) < ARCHIVE_WARN) {
-    return ReadFailure::decodingFailed;
-  }
+  const int found = reader ? archive_read_next_header(reader.get(), &entry) : ARCHIVE_FATAL;
+  if (found < ARCHIVE_WARN) return ReadFailure::decodingFailed;
+  if (found == ARCHIVE_EOF) return ReadFailure::noText;
   if (archive_format(reader.get()) != ARCHIVE_FORMAT_RAW) {
     return readNames(reader.get(), entry, limitCharacters);
   }

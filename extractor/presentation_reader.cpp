@@ -115,7 +115,7 @@ void addSideParts(const ZipParts& parts, std::string_view slide, DocumentBuilder
 }  // namespace
 
 ReadDocument readPresentation(std::string_view bytes, std::size_t limitCharacters) {
-  const auto read = readOfficeParts(bytes);
+  const auto read = readOfficeParts(bytes, "presentation");
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
   const auto& office = std::get<OfficeParts>(read);
   const auto names = slideNames(office);

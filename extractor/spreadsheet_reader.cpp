@@ -137,7 +137,7 @@ void addTexts(const ZipPart* part, std::string_view element, Kind kind, Document
 }  // namespace
 
 ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters) {
-  const auto read = readOfficeParts(bytes);
+  const auto read = readOfficeParts(bytes, "workbook");
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
   const auto& office = std::get<OfficeParts>(read);
   const auto relationships = relationshipsOf(office.parts, office.mainPart);

@@ -149,7 +149,7 @@ constexpr std::array<std::pair<std::string_view, Kind>, 5> SIDE_PARTS = {{
 }  // namespace
 
 ReadDocument readWord(std::string_view bytes, std::size_t limitCharacters) {
-  const auto read = readOfficeParts(bytes);
+  const auto read = readOfficeParts(bytes, "document");
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
   const auto& office = std::get<OfficeParts>(read);
   const auto relationships = relationshipsOf(office.parts, office.mainPart);

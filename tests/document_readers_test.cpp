@@ -111,14 +111,14 @@ TEST(HostileFile, GivesAReasonInBoundedTime) {
     std::optional<ReadFailure> failure;
     std::string text;  // when there is no failure
   } rows[] = {
-      {"blown up 1:1000", "word", office("<d>" + std::string(std::size_t{64} << 20, ' ') + "</d>"),
+      {"blown up 1:1000", "word", office("<document>" + std::string(std::size_t{64} << 20, ' ')),
        ReadFailure::tooLarge, ""},
       {"letters drawn as a picture",
        "word",
-       office("<d><p><textpath string='Sale'/></p></d>"),
+       office("<document><p><textpath string='Sale'/></p></document>"),
        {},
        "Sale"},
-      {"entities in entities", "word", office(ENTITIES + "<d><p><t>&f;!</t></p></d>"),
+      {"entities in entities", "word", office(ENTITIES + "<document><p><t>&f;!</t></p></document>"),
        ReadFailure::decodingFailed, ""},
       {"a stranger's file", "xml", ENTITIES + "<d>before &file; after</d>", {}, "before after"},
       {"an entity that is itself", "xml", "<!DOCTYPE d [<!ENTITY a \"&a;\">]><d>&a;</d>",
@@ -132,7 +132,7 @@ TEST(HostileFile, GivesAReasonInBoundedTime) {
        {},
        "S\n\n7" + repeated(MOST_CELLS_A_ROW - 1, "\t7") + "\n\n8"},
       {"a slide that leads to itself", "presentation",
-       office(R"(<p xmlns:r="a/relationships"><sldId r:id="r"/></p>)",
+       office(R"(<presentation xmlns:r="a/relationships"><sldId r:id="r"/></presentation>)",
               {{"_rels/main.xml.rels", R"(<R><Relationship Id="r" Type="notesSlide"
                 Target="main.xml"/></R>)"}}),
        ReadFailure::noText, ""},
@@ -153,6 +153,16 @@ TEST(HostileFile, GivesAReasonInBoundedTime) {
        ReadFailure::encrypted, ""},
       {"a notebook of a wrong shape", "notebook", R"({"cells": [1, {"source": {"a": 1}}]})",
        ReadFailure::noText, ""},
+      {"a workbook in the place of a text", "word", office("<workbook/>"),
+       ReadFailure::decodingFailed, ""},
+      {"an encoding that is decoded once",
+       "xml",
+       "<?xml version='1.0' encoding='ISO-8859-2'?><d>\xA3\xF3"
+       "d\xBC</d>",
+       {},
+       "Łódź"},
+      {"an empty archive", "packed", std::string(10'240, '\0'), ReadFailure::noText, ""},
+      {"an empty text", "packed", gzip(""), ReadFailure::noText, ""},
       {"a gzip bomb", "packed", gzip(std::string(std::size_t{16} << 20, ' ')),
        ReadFailure::tooLarge, ""},
   };

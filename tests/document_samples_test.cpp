@@ -101,6 +101,7 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
       {"cut.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
       {"locked.xls", lockedWorkbook(), ReadFailure::encrypted},
       {"cut.ppt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
+      {"slides.msg", fileBytes(TEST_DATA "/documents/pump.ppt"), ReadFailure::decodingFailed},
       {"cut.msg", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
   };
   const TestHome home;
