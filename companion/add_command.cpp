@@ -133,8 +133,9 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
       !storeSetting(index, RECOGNITION_LANGUAGES_SETTING, *choices.recognitionLanguages)) {
     return failToWrite(index.lastFailure());
   }
+  CurrentDecisions current(index);
   for (const std::string& root : roots) {
-    const DecisionChange change = addRoot(index, root, choices);
+    const DecisionChange change = addRoot(current, root, choices);
     if (change.obstacle) return failToWrite(*change.obstacle);
     remarks.insert(remarks.end(), change.remarks.begin(), change.remarks.end());
   }

@@ -13,17 +13,23 @@
 namespace norvast {
 namespace {
 
-// Does `change` with the decisions as they stand, which it brings up to date itself, and lets
-// clients see the files at and below the path accordingly.
+// Does `change` with the decisions as they stand, which it brings up to date itself.
 template <typename Change>
-DecisionChange inTransaction(const Connection& index, const std::string& path, Change change) {
+DecisionChange inTransaction(CurrentDecisions& current, Change change) {
   DecisionChange result;
-  Transaction transaction(index);
-  auto decisions = transaction ? readDecisions(index) : std::nullopt;
-  const bool isDone = decisions && change(*decisions, result) &&
-                      bringExposureInLine(index, decisions->rules, path) && transaction.commit();
-  if (!isDone) result = {0, {}, index.lastFailure()};
-  return result;
+  Transaction transaction(current.index());
+  Decisions* decisions = transaction ? current.get() : nullptr;
+  if (decisions != nullptr && change(*decisions, result) && transaction.commit()) return result;
+  current.forget();
+  return {0, {}, current.index().lastFailure()};
+}
+
+// As above, and lets clients see the files at and below the path accordingly.
+template <typename Change>
+DecisionChange inTransaction(CurrentDecisions& current, const std::string& path, Change change) {
+  return inTransaction(current, [&](Decisions& decisions, DecisionChange& result) {
+    return change(decisions, result) && bringExposureInLine(current.index(), decisions.rules, path);
+  });
 }
 
 RuleKind kindOf(Nomination nomination) {
@@ -146,10 +152,14 @@ bool hideUnindexed(const Connection& index, const Decisions& decisions, const st
 
 }  // namespace
 
-DecisionChange addRoot(const Connection& index, const std::string& path,
+DecisionChange addRoot(CurrentDecisions& current, const std::string& path,
                        const AddChoices& choices) {
-  return inTransaction(index, path, [&](Decisions& decisions, DecisionChange& result) {
+  const Connection& index = current.index();
+  return inTransaction(current, path, [&](Decisions& decisions, DecisionChange& result) {
     if (!storeRoot(index, changedRoot(decisions, path, choices))) return false;
+    auto changed = readDecisions(index);
+    if (!changed) return false;
+    decisions = std::move(*changed);
     if (choices.nomination) {
       return setRule(index, decisions, {path, kindOf(*choices.nomination)}, result);
     }
@@ -161,25 +171,24 @@ DecisionChange addRoot(const Connection& index, const std::string& path,
   });
 }
 
-DecisionChange decide(const Connection& index, const Rule& rule) {
-  return inTransaction(index, rule.path, [&](Decisions& decisions, DecisionChange& result) {
-    return setRule(index, decisions, rule, result);
+DecisionChange decide(CurrentDecisions& current, const Rule& rule) {
+  return inTransaction(current, rule.path, [&](Decisions& decisions, DecisionChange& result) {
+    return setRule(current.index(), decisions, rule, result);
   });
 }
 
-DecisionChange leaveOut(const Connection& index, const std::string& path) {
-  DecisionChange result;
-  Transaction transaction(index);
-  auto decisions = transaction ? readDecisions(index) : std::nullopt;
-  const bool isDone = decisions && dropWithin(index, *decisions, path, result) &&
-                      bringExposureInLine(index, decisions->rules, path) &&
-                      hideUnindexed(index, *decisions, path) && transaction.commit();
-  if (!isDone) result = {0, {}, index.lastFailure()};
-  return result;
+DecisionChange leaveOut(CurrentDecisions& current, const std::string& path) {
+  const Connection& index = current.index();
+  return inTransaction(current, [&](Decisions& decisions, DecisionChange& result) {
+    return dropWithin(index, decisions, path, result) &&
+           bringExposureInLine(index, decisions.rules, path) &&
+           hideUnindexed(index, decisions, path);
+  });
 }
 
-DecisionChange dropDecision(const Connection& index, const std::string& path) {
-  return inTransaction(index, path, [&](Decisions& decisions, DecisionChange& result) {
+DecisionChange dropDecision(CurrentDecisions& current, const std::string& path) {
+  const Connection& index = current.index();
+  return inTransaction(current, path, [&](Decisions& decisions, DecisionChange& result) {
     result.files = countFollowing(index, decisions.rules, path);
     decisions.rules.clear(path);
     return dropRule(index, path);

@@ -28,21 +28,22 @@ struct AddChoices {
   std::optional<std::string> recognitionLanguages;  // of the whole index: see store/settings.h
 };
 
-// All paths are absolute and free of links.
+// All paths are absolute and free of links. The decisions at hand are changed along with the index.
 
 // Makes the path a root. One that was left out is withheld from now on, when nothing else is said:
 // indexing it again is no leave to show it.
-DecisionChange addRoot(const Connection& index, const std::string& path, const AddChoices& choices);
+DecisionChange addRoot(CurrentDecisions& current, const std::string& path,
+                       const AddChoices& choices);
 
 // Gives the path that rule. Rules below it stay.
-DecisionChange decide(const Connection& index, const Rule& rule);
+DecisionChange decide(CurrentDecisions& current, const Rule& rule);
 
 // Lets the path be indexed no longer: the roots at and below it go with the rules there; in a root
 // that lies further out it is left out from now on. Clients no longer see its files, whose rows are
 // for the caller to remove (companion/index_files.h).
-DecisionChange leaveOut(const Connection& index, const std::string& path);
+DecisionChange leaveOut(CurrentDecisions& current, const std::string& path);
 
 // Drops the rule for the path itself, so that the one above it holds again.
-DecisionChange dropDecision(const Connection& index, const std::string& path);
+DecisionChange dropDecision(CurrentDecisions& current, const std::string& path);
 
 }  // namespace norvast

@@ -103,7 +103,7 @@ std::optional<Decisions> readDecisions(const Connection& index) {
   return decisions;
 }
 
-const Decisions* CurrentDecisions::get() {
+Decisions* CurrentDecisions::get() {
   Statement statement(index_, "PRAGMA data_version");
   if (!statement.step()) return nullptr;
   if (!decisions_ || statement.integer(0) != version_) {

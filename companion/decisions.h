@@ -50,11 +50,12 @@ class CurrentDecisions {
   explicit CurrentDecisions(const Connection& index) : index_(index) {}
 
   // Nothing when they could not be read. The pointer lives until the next call. Changes through the
-  // same connection are not noticed.
-  const Decisions* get();
-
-  // After a change through the same connection.
+  // same connection are not noticed: whoever makes one makes it here, too, or lets all be
+  // forgotten.
+  Decisions* get();
   void forget() { version_ = -1; }
+
+  const Connection& index() const { return index_; }
 
  private:
   const Connection& index_;

@@ -35,17 +35,17 @@ bool isKnown(const Connection& index, const Decisions& decisions, const std::str
 }
 
 // What was done, or why nothing could be seen of it yet.
-std::string outcome(const DecisionChange& change, const Decisions& before, const std::string& done,
+std::string outcome(const DecisionChange& change, bool wasInRoot, const std::string& done,
                     const std::string& path) {
   const std::string shown = printable(path);
   if (change.files > 0) return done + " " + count(change.files, "file") + ": " + shown;
-  if (before.rootOf(path) == nullptr) {
+  if (!wasInRoot) {
     return shown + ": in no indexed folder; the rule is kept for when it is: norvast_index add";
   }
   return shown + ": no indexed file follows the rule yet; it is kept";
 }
 
-using Change = std::function<DecisionChange(const Connection&, const std::string&)>;
+using Change = std::function<DecisionChange(CurrentDecisions&, const std::string&)>;
 
 // Does `change` for each path and says what came of it. A path that is nowhere is passed over.
 ExitStatus changeEach(const std::vector<std::string>& paths, const char* done,
@@ -53,18 +53,20 @@ ExitStatus changeEach(const std::vector<std::string>& paths, const char* done,
   const auto opened = existingIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
+  CurrentDecisions current(index);
   ExitStatus status = ExitStatus::done;
   for (const std::string& path : paths) {
     const auto place = indexedPath(path);
-    const auto decisions = readDecisions(index);
-    if (!decisions) return failToWrite(index.lastFailure());
+    const Decisions* decisions = current.get();
+    if (decisions == nullptr) return failToWrite(index.lastFailure());
     if (!place || !isKnown(index, *decisions, *place)) {
       status = fail(path + ": no such file or folder, neither on disk nor in the index");
       continue;
     }
-    const DecisionChange changed = change(index, *place);
+    const bool wasInRoot = decisions->rootOf(*place) != nullptr;
+    const DecisionChange changed = change(current, *place);
     if (changed.obstacle) return failToWrite(*changed.obstacle);
-    std::cout << outcome(changed, *decisions, done, *place) << "\n";
+    std::cout << outcome(changed, wasInRoot, done, *place) << "\n";
     for (const std::string& remark : changed.remarks) std::cout << remark << "\n";
   }
   return status;
@@ -74,20 +76,21 @@ ExitStatus changeEach(const std::vector<std::string>& paths, const char* done,
 
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination) {
   const RuleKind kind = nomination == Nomination::content ? RuleKind::content : RuleKind::metadata;
-  return changeEach(paths, "nominated", [kind](const Connection& index, const std::string& path) {
-    return decide(index, {path, kind});
+  return changeEach(paths, "nominated", [kind](CurrentDecisions& current, const std::string& path) {
+    return decide(current, {path, kind});
   });
 }
 
 ExitStatus withdrawCommand(const std::vector<std::string>& paths) {
-  return changeEach(paths, "withdrawn", [](const Connection& index, const std::string& path) {
-    return decide(index, {path, RuleKind::withheld});
+  return changeEach(paths, "withdrawn", [](CurrentDecisions& current, const std::string& path) {
+    return decide(current, {path, RuleKind::withheld});
   });
 }
 
 ExitStatus removeCommand(const std::vector<std::string>& paths) {
-  return changeEach(paths, "removed", [](const Connection& index, const std::string& path) {
-    DecisionChange change = leaveOut(index, path);
+  return changeEach(paths, "removed", [](CurrentDecisions& current, const std::string& path) {
+    const Connection& index = current.index();
+    DecisionChange change = leaveOut(current, path);
     if (change.obstacle) return change;
     const IndexingReport report = removeUnindexed(index, path);
     change.files = report.removed;
@@ -111,16 +114,17 @@ ExitStatus clearRulesCommand(const std::vector<std::string>& paths) {
   const auto opened = existingIndex();
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
+  CurrentDecisions current(index);
   ExitStatus status = ExitStatus::done;
   for (const std::string& path : paths) {
     const auto place = indexedPath(path);
-    const auto decisions = readDecisions(index);
-    if (!decisions) return failToWrite(index.lastFailure());
+    const Decisions* decisions = current.get();
+    if (decisions == nullptr) return failToWrite(index.lastFailure());
     if (!place || !decisions->rules.at(*place)) {
       status = fail(path + ": there is no rule for it; see norvast_index rules");
       continue;
     }
-    const DecisionChange change = dropDecision(index, *place);
+    const DecisionChange change = dropDecision(current, *place);
     if (change.obstacle) return failToWrite(*change.obstacle);
     std::cout << clearedText(index, *place) << "\n";
   }
