@@ -30,6 +30,9 @@ constexpr int ALLOWED[] = {
     SCMP_SYS(read), SCMP_SYS(write), SCMP_SYS(lseek), SCMP_SYS(close),
     // locks and time
     SCMP_SYS(futex), SCMP_SYS(sched_yield), SCMP_SYS(clock_gettime), SCMP_SYS(gettimeofday),
+    // random numbers, for want of which the C library ends the program: a page of a PDF that is
+    // drawn in a typeface of the system asks for some
+    SCMP_SYS(getrandom),
     // the process itself
     SCMP_SYS(getpid), SCMP_SYS(gettid), SCMP_SYS(rt_sigprocmask), SCMP_SYS(restart_syscall),
     SCMP_SYS(exit), SCMP_SYS(exit_group),

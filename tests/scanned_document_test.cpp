@@ -1,6 +1,7 @@
 // Scanned documents: pages that are pictures beside pages that have a text.
 // tests/data/pdf/scanned.pdf came out of tiff2pdf, from a picture of 150 dots per inch, and
-// pdfunite.
+// pdfunite. Scanners write blanks over their pictures; here, too, in a typeface that the file
+// lacks.
 #include <gtest/gtest.h>
 
 #include "content/document_reading.h"
