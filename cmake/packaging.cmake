@@ -1,7 +1,8 @@
-# Their headings name the version.
+# Their headings name the version. Packed as Debian wants them, the same bytes each time.
 foreach(page norvast_mcp.1 norvast_index.1)
   configure_file(man/${page} ${CMAKE_BINARY_DIR}/man/${page} @ONLY)
-  install(FILES ${CMAKE_BINARY_DIR}/man/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  execute_process(COMMAND gzip -9nkf ${CMAKE_BINARY_DIR}/man/${page} COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${CMAKE_BINARY_DIR}/man/${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 # Where the shells of Debian look for what packages bring.
 install(FILES companion/completions/norvast_index.bash RENAME norvast_index
