@@ -15,7 +15,7 @@
 namespace norvast {
 namespace {
 
-// One line for what was done, and one for each file or folder that could not be read for now.
+// One line for what was done. What could not be read is in the index, and status lists it.
 void tell(const IndexingReport& report) {
   if (report.indexed + report.removed == 0) return;
   std::cout << count(report.indexed, "file") << " indexed, " << report.removed << " removed"
