@@ -1,5 +1,6 @@
 #include "companion/terminal.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -30,6 +31,13 @@ bool isColourRefused() {
 }  // namespace
 
 bool isErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+std::size_t errorTerminalColumns() {
+  constexpr std::size_t USUAL_COLUMNS = 80;
+  winsize size{};
+  const bool isTold = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return isTold ? size.ws_col : USUAL_COLUMNS;
+}
 
 std::string coloured(std::string_view text, Colour colour) {
   if (colour == Colour::plain || isatty(STDOUT_FILENO) != 1 || isColourRefused())

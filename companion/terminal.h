@@ -1,6 +1,7 @@
 // Terminal: whether a person is looking, and what may be shown to them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,6 +10,9 @@ namespace norvast {
 
 // True when standard error is a terminal.
 bool isErrorTerminal();
+
+// How many columns it has; 80 where that cannot be told.
+std::size_t errorTerminalColumns();
 
 enum class Colour { plain, yellow, red };
 
