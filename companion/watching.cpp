@@ -95,6 +95,7 @@ class Watching {
     if (!areRootsSame) {
       takeEvents();
       folders_.restart(decisions_);
+      tellOfUnwatched();
       for (const Root& root : decisions_.roots) pending_.add(root.path, Clock::now());
     }
     for (const std::string& path : rules) appear(path);
