@@ -28,7 +28,7 @@ std::string joined(const std::vector<std::string>& lines) {
 
 std::string factsOf(const FileMapping& file) {
   const std::string_view bytes = file.bytes();
-  return photoSentence(isHeif(bytes) ? heifExif(bytes) : std::string(bytes));
+  return isHeif(bytes) ? photoSentence(heifExif(bytes)) : photoSentence(bytes);
 }
 
 Extracted readPhoto(TextRecognizer& recognizer, FileMapping file, std::size_t limitCharacters) {
