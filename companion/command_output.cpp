@@ -24,6 +24,15 @@ ExitStatus fail(const std::string& why) {
 
 ExitStatus failWithoutIndex() { return fail(NO_INDEX); }
 
+ExitStatus failToRead(const Connection& index) {
+  const std::string why =
+      index.hasFailed() ? index.lastFailure() : "it does not hold what it should";
+  return fail(
+      "the index at " + indexDatabasePath().value_or("") + " cannot be read (" + why +
+      "): check the permissions of its folder; when it stays so, it is damaged: move it away and "
+      "add your folders anew");
+}
+
 ExitStatus failToWrite(const std::string& obstacle) {
   return fail("the index at " + indexDatabasePath().value_or("") +
               " could not be written to the end: " + obstacle + "; mend that and run this again");

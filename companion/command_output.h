@@ -15,7 +15,10 @@ namespace norvast {
 ExitStatus fail(const std::string& why);
 ExitStatus failWithoutIndex();
 
-// For an index that cannot be read or written, as Connection::lastFailure says it.
+// For an index that cannot be read, or does not hold what it should: right after that was seen.
+ExitStatus failToRead(const Connection& index);
+
+// For an index that cannot be written, as Connection::lastFailure says it.
 ExitStatus failToWrite(const std::string& obstacle);
 
 // An index that is there already, open for writing; else what to tell the user.

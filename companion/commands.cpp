@@ -27,14 +27,6 @@ namespace {
 
 constexpr auto BETWEEN_LOOKS = std::chrono::milliseconds(300);
 
-ExitStatus failToRead(const MCPStore& store) {
-  const std::string why = store.rdb.lastFailure();
-  return fail(
-      "the index at " + indexDatabasePath().value_or("") + " cannot be read (" + why +
-      "): check the permissions of its folder; when it stays so, it is damaged: move it away and "
-      "add your folders anew");
-}
-
 ExitStatus setSwitchFile(const std::optional<std::string>& path, bool exists) {
   if (!path) return fail("there is no home folder; set HOME");
   std::error_code failure;
@@ -72,7 +64,7 @@ ExitStatus statusCommand(Form form) {
   if (!store) return failWithoutIndex();
   if (const auto why = objectionToIndex()) return fail(*why);
   const auto status = indexStatus(*store);
-  if (!status) return failToRead(*store);
+  if (!status) return failToRead(store->rdb);
   std::cout << (form == Form::json ? jsonText(statusJson(*status)) : statusText(*status));
   return ExitStatus::done;
 }
@@ -85,6 +77,7 @@ ExitStatus showCommand(const std::vector<std::string>& paths, Form form) {
   for (const std::string& path : paths) {
     const auto known = indexedPath(path);
     const auto file = known ? describedFile(*store, *known) : std::nullopt;
+    if (known && !file && store->rdb.hasFailed()) return failToRead(store->rdb);
     if (!file) {
       status = fail(path + ": no such file is indexed");
     } else if (form == Form::json) {
@@ -105,7 +98,7 @@ ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) 
   const auto path = indexedPath(named);
   if (!path) return fail(named + ": it cannot be told where that is");
   const auto files = failedFiles(store->rdb, *path);
-  if (!files) return failToRead(*store);
+  if (!files) return failToRead(store->rdb);
   std::cout << (form == Form::json ? jsonText(withoutTextJson(*files)) : withoutTextList(*files));
   return ExitStatus::done;
 }
@@ -114,7 +107,7 @@ ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
   auto read = lastEvents(*store, last);
-  if (!read) return failToRead(*store);
+  if (!read) return failToRead(store->rdb);
   std::vector<TrailEvent> events = std::move(*read);
   if (events.empty() && follow == Follow::no && form == Form::text) std::cout << "no events\n";
   std::int64_t number = store->scalar("SELECT MAX(rowid) FROM audit_event");

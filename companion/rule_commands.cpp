@@ -105,7 +105,7 @@ ExitStatus rulesCommand(Form form) {
   if (const auto* why = std::get_if<std::string>(&opened)) return fail(*why);
   const auto& index = std::get<Connection>(opened);
   const auto decisions = decisionsInForce(index);
-  if (!decisions) return failToWrite(index.lastFailure());
+  if (!decisions) return failToRead(index);
   std::cout << (form == Form::json ? jsonText(rulesJson(*decisions)) : rulesText(*decisions));
   return ExitStatus::done;
 }

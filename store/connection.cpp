@@ -27,6 +27,11 @@ Connection Connection::open(const std::string& path, int flags) {
   return connection;
 }
 
+bool Connection::hasFailed() const {
+  const int code = sqlite3_errcode(handle_.get()) & PRIMARY_CODE;  // without a handle: no memory
+  return code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE;
+}
+
 std::string Connection::lastFailure() const {
   if (!handle_) return "it cannot be opened";
   switch (sqlite3_errcode(handle_.get()) & PRIMARY_CODE) {

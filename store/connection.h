@@ -38,6 +38,9 @@ class Connection {
   // full". Only until the next statement, a rollback too.
   std::string lastFailure() const;
 
+  // Whether it failed at all. For as long.
+  bool hasFailed() const;
+
   sqlite3* handle() const { return handle_.get(); }
 
  private:
