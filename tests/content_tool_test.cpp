@@ -61,7 +61,6 @@ std::string damaged(std::string bytes, Damage damage, std::mt19937& random) {
 class DamagedFiles : public testing::Test {
  protected:
   DamagedFiles() {
-    home.createIndex();
     // Everything is loaded once: what counts and cuts characters too, which ASCII needs not.
     EXPECT_TRUE(read("whole.pdf", fileBytes(PDFS + "accents.pdf")));
     EXPECT_TRUE(read("whole.png", fileBytes(PICTURES + "small-40.png")));
@@ -116,9 +115,15 @@ class DamagedFiles : public testing::Test {
   }
 
   const TestHome home;
-  ServerSession server{home};
+  ServerSession server{withIndex(home)};
 
  private:
+  // The server opens the index as it starts.
+  static const TestHome& withIndex(const TestHome& home) {
+    home.createIndex();
+    return home;
+  }
+
   long residentBefore_ = 0;
   std::ptrdiff_t descriptorsBefore_ = 0;
 };

@@ -47,8 +47,6 @@ struct HungDecoder {
 
 class LifeAndDeath : public testing::Test {
  protected:
-  LifeAndDeath() { home.createIndex("INSERT INTO mcp_exposure VALUES('" + picture + "', 1)"); }
-
   // Stops the program that the server lets decode the picture, once it is locked in. Nothing when
   // that was done too soon, each time.
   std::optional<HungDecoder> hungDecoder() {
@@ -61,9 +59,15 @@ class LifeAndDeath : public testing::Test {
 
   const std::string picture = TEST_DATA "/pictures/photograph.jpg";
   TestHome home;
-  ServerSession server{home};
+  ServerSession server{withIndex(home, picture)};
 
  private:
+  // The server opens the index as it starts.
+  static const TestHome& withIndex(const TestHome& home, const std::string& readable) {
+    home.createIndex("INSERT INTO mcp_exposure VALUES('" + readable + "', 1)");
+    return home;
+  }
+
   std::optional<HungDecoder> hungIfNotDone() const {
     const auto askedAt = Clock::now();
     server.send(R"({"id":1,"method":"tools/call","params":{"name":"read_file_content",)"
