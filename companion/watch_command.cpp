@@ -4,6 +4,7 @@
 
 #include "companion/command_output.h"
 #include "companion/commands.h"
+#include "companion/decisions.h"
 #include "companion/index_database.h"
 #include "companion/terminal.h"
 #include "companion/territory.h"
@@ -44,6 +45,10 @@ ExitStatus watchCommand(Verbosity verbosity) {
     if (verbosity == Verbosity::normal) tell(report);
   };
   listener.remark = [](const std::string& remark) { std::cerr << remark << std::endl; };
+  const auto decisions = readDecisions(index);
+  if (decisions && decisions->roots.empty() && verbosity == Verbosity::normal) {
+    std::cout << "nothing is indexed yet: norvast_index add PATH; waiting for that" << std::endl;
+  }
   if (const auto obstacle = watchFiles(index, *stop, listener)) return failToWrite(*obstacle);
   return ExitStatus::done;
 }

@@ -1,38 +1,39 @@
 #include "companion/watch_lock.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
-
-#include <array>
-#include <cerrno>
 
 namespace norvast {
 namespace {
 
-std::string lockPath(const std::string& indexFolder) { return indexFolder + "/watch.lock"; }
+Descriptor openLock(const std::string& indexFolder, int flags) {
+  return Descriptor(open((indexFolder + "/watch.lock").c_str(), flags | O_CLOEXEC | O_NOFOLLOW,
+                         S_IRUSR | S_IWUSR));
+}
+
+struct flock wholeFile(short type) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  return lock;
+}
 
 }  // namespace
 
 std::optional<WatchLock> WatchLock::take(const std::string& indexFolder) {
-  Descriptor file(open(lockPath(indexFolder).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
-                       S_IRUSR | S_IWUSR));
-  if (!file || flock(file.number(), LOCK_EX | LOCK_NB) != 0) return std::nullopt;
-  // Who reads between both sees no number, and says so.
-  if (ftruncate(file.number(), 0) != 0 || !file.write(std::to_string(getpid()))) {
-    return std::nullopt;
-  }
+  Descriptor file = openLock(indexFolder, O_RDWR | O_CREAT);
+  const struct flock lock = wholeFile(F_WRLCK);
+  if (!file || fcntl(file.number(), F_SETLK, &lock) != 0) return std::nullopt;
   return WatchLock(std::move(file));
 }
 
 std::optional<std::string> watchingProcess(const std::string& indexFolder) {
-  const Descriptor file(open(lockPath(indexFolder).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
-  if (!file || flock(file.number(), LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
+  const Descriptor file = openLock(indexFolder, O_RDONLY);
+  struct flock lock = wholeFile(F_RDLCK);
+  if (!file || fcntl(file.number(), F_GETLK, &lock) != 0 || lock.l_type == F_UNLCK) {
     return std::nullopt;
   }
-  std::array<char, 20> digits{};
-  const auto count = file.read(digits).value_or(0);
-  return std::string(digits.data(), count);
+  return std::to_string(lock.l_pid);
 }
 
 }  // namespace norvast

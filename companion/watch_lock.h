@@ -10,6 +10,8 @@
 namespace norvast {
 
 // Held as long as it lives, and given back by the system when the process ends, however it does.
+// Closing any descriptor of the lock's file would give it back, too (fcntl(2)): a process that
+// holds one does not ask who watches.
 class WatchLock {
  public:
   // Nothing when another process holds it, or the folder cannot be written to.
