@@ -116,8 +116,9 @@ class Indexing {
     }
     const std::size_t unreadableBefore = report_.scan.unreadableFolders.size();
     std::vector<ScannedFile> changed;
-    // A root before this one may have taken hours.
-    if (place.start == place.root) moved_.look();
+    // A root before this one may have taken hours, and its own scan takes minutes.
+    const bool isLong = place.start == place.root;
+    if (isLong) moved_.look();
     Territory territory(decisions, *decisions.rootOf(place.root), report_.leftOut);
     MeetingFilter filter(territory, moved_);
     if (!known_.read(index_, decisions, place)) {
@@ -127,6 +128,7 @@ class Indexing {
     scanFiles(
         place.root, place.start, filter, [&](ScannedFile file) { sort(std::move(file), changed); },
         report_.scan);
+    if (isLong) moved_.look();
     if (!carryRules(changed)) {
       report_.obstacle = index_.lastFailure();
       return;
@@ -160,7 +162,6 @@ class Indexing {
 
   // Before what was moved is indexed where it lies now, while the scan went on, too.
   bool carryRules(std::vector<ScannedFile>& changed) {
-    moved_.look();
     meetFoldersOf(changed);
     const auto carried = moved_.carry();
     if (!carried || carried->empty()) return carried.has_value();
