@@ -43,6 +43,9 @@ std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
 }
 
 const char* programOf(std::string_view kind) {
+  if (kind == "html" || kind == "xml" || kind == "rtf" || kind == "notebook") {
+    return "norvast_extract_page";
+  }
   if (kind == "mail" || kind == "mailbox") return "norvast_extract_mail";
   return kind.starts_with("old-") ? "norvast_extract_old_office" : "norvast_extract_document";
 }

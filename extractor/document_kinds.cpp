@@ -4,15 +4,11 @@
 #include <iterator>
 
 #include "extractor/epub_reader.h"
-#include "extractor/html_reader.h"
-#include "extractor/notebook_reader.h"
 #include "extractor/opendocument_reader.h"
 #include "extractor/packed_reader.h"
 #include "extractor/presentation_reader.h"
-#include "extractor/rtf_reader.h"
 #include "extractor/spreadsheet_reader.h"
 #include "extractor/word_reader.h"
-#include "extractor/xml_document_reader.h"
 
 namespace norvast {
 namespace {
@@ -25,10 +21,6 @@ constexpr DocumentKind KINDS[] = {
     {"presentation", readPresentation, prepareNothing},
     {"opendocument", readOpenDocument, prepareNothing},
     {"epub", readEpub, prepareNothing},
-    {"html", readHtml, prepareNothing},
-    {"xml", readXml, prepareNothing},
-    {"rtf", readRtf, prepareNothing},
-    {"notebook", readNotebook, prepareNothing},
     {"packed", readPacked, preparePacked},
 };
 

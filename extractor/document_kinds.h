@@ -18,8 +18,9 @@ struct DocumentKind {
   void (*prepare)();
 };
 
-// The kind of that name ("word", "spreadsheet", ...), or nullptr. Mails have a table of their own
-// (mailKind), since their library takes as long to load as all others together.
+// The kind of that name ("word", "spreadsheet", ...), or nullptr. Texts with marks (pageKind),
+// mails (mailKind) and the files of older programs (oldOfficeKind) have tables of their own, since
+// what each of them is read with takes longer to load than most files to read.
 const DocumentKind* documentKind(std::string_view name);
 
 // Reads standard input as this kind, by runExtraction; the result is the exit status.

@@ -1,6 +1,7 @@
 // Any bytes, in each reader of documents.
 #include "extractor/document_kinds.h"
 #include "extractor/mail_reader.h"
+#include "extractor/page_kinds.h"
 #include "fuzz/document_rules.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
@@ -9,6 +10,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   for (const char* name : {"word", "spreadsheet", "presentation", "opendocument", "epub", "html",
                            "xml", "rtf", "notebook", "mail", "mailbox", "packed"}) {
     const DocumentKind* kind = documentKind(name);
+    if (kind == nullptr) kind = pageKind(name);
     if (kind == nullptr) kind = mailKind(name);
     mustHold(kind != nullptr);
     kind->prepare();

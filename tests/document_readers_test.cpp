@@ -11,6 +11,7 @@
 #include "content/file_kind.h"
 #include "extractor/document_kinds.h"
 #include "extractor/mail_reader.h"
+#include "extractor/page_kinds.h"
 #include "extractor/reading_bounds.h"
 #include "tests/file_bytes.h"
 #include "tests/test_home.h"
@@ -23,6 +24,7 @@ constexpr std::size_t LIMIT = 400'000;
 
 ReadDocument readAs(std::string_view kind, std::string_view bytes) {
   const DocumentKind* found = documentKind(kind);
+  if (found == nullptr) found = pageKind(kind);
   if (found == nullptr) found = mailKind(kind);
   if (found == nullptr) throw std::invalid_argument("no such kind");
   found->prepare();
