@@ -43,7 +43,7 @@ std::variant<Document, ReadFailure> documentOf(Text read, const char* method) {
 }
 
 const char* programOf(std::string_view kind) {
-  if (kind == "html" || kind == "xml" || kind == "rtf" || kind == "notebook") {
+  if (kind == "html" || kind == "xml" || kind == "rtf" || kind == "notebook" || kind == "manual") {
     return "norvast_extract_page";
   }
   if (kind == "mail" || kind == "mailbox") return "norvast_extract_mail";

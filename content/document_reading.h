@@ -12,7 +12,7 @@
 namespace norvast {
 
 // Rises with every change after which a reader finds more, or other, text in the same file.
-inline constexpr int READER_VERSION = 5;
+inline constexpr int READER_VERSION = 6;
 
 struct ReadingOptions {
   std::string languages = recognitionLanguages();  // those that are not installed are passed over

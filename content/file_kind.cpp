@@ -7,7 +7,7 @@
 #include <string>
 
 #include "content/mcp_content.h"
-#include "text/ascii.h"
+#include "text/text_markup.h"
 
 namespace norvast {
 namespace {
@@ -112,12 +112,6 @@ bool isMail(std::string_view bytes) {
          bytes.find("\nDate:") != std::string_view::npos;
 }
 
-bool isPage(std::string_view bytes) {
-  const std::size_t start = std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size());
-  const std::string head = asciiLowerCase(bytes.substr(start, 15));
-  return head.starts_with("<!doctype html") || head.starts_with("<html");
-}
-
 bool hasMark(std::string_view bytes) {
   return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
          bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4));
@@ -128,7 +122,9 @@ FileKind byContent(std::string_view bytes) {
   if (const auto kind = bySignature(bytes)) {
     return bytes.starts_with("PK") ? zipKind(bytes) : *kind;
   }
-  if (isPage(bytes)) return {Way::document, "html"};
+  const TextMarkup markup = markupOf(bytes);
+  if (markup == TextMarkup::html) return {Way::document, "html"};
+  if (markup == TextMarkup::manual) return {Way::document, "manual"};
   if (bytes.starts_with("From ") && bytes.find("\nDate:") != std::string_view::npos) {
     return {Way::document, "mailbox"};
   }

@@ -6,8 +6,11 @@
 #include <string>
 
 #include "extractor/archive_reading.h"
+#include "extractor/html_reader.h"
+#include "extractor/manual_reader.h"
 #include "extractor/reading_bounds.h"
 #include "text/encoding.h"
+#include "text/text_markup.h"
 
 namespace norvast {
 namespace {
@@ -55,6 +58,9 @@ ReadDocument readOneText(archive* reader, std::size_t packedBytes, std::size_t l
   if (unpacked == Unpacked::damaged) return ReadFailure::decodingFailed;
   if (unpacked == Unpacked::outOfProportion) return ReadFailure::tooLarge;
   if (bytes.find('\0') != std::string::npos) return ReadFailure::noReader;
+  const TextMarkup markup = markupOf(bytes);
+  if (markup == TextMarkup::html) return readHtml(bytes, limitCharacters);
+  if (markup == TextMarkup::manual) return readManual(bytes, limitCharacters);
   const auto text = decodedText(bytes, unpacked == Unpacked::cut ? Extent::leading : Extent::whole);
   if (!text) return ReadFailure::unreadableEncoding;
   DocumentBuilder document("text", limitCharacters);

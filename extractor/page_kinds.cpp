@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "extractor/html_reader.h"
+#include "extractor/manual_reader.h"
 #include "extractor/notebook_reader.h"
 #include "extractor/rtf_reader.h"
 #include "extractor/xml_document_reader.h"
@@ -14,10 +15,9 @@ namespace {
 void prepareNothing() {}
 
 constexpr DocumentKind KINDS[] = {
-    {"html", readHtml, prepareNothing},
-    {"xml", readXml, prepareNothing},
-    {"rtf", readRtf, prepareNothing},
-    {"notebook", readNotebook, prepareNothing},
+    {"html", readHtml, prepareNothing},     {"xml", readXml, prepareNothing},
+    {"rtf", readRtf, prepareNothing},       {"notebook", readNotebook, prepareNothing},
+    {"manual", readManual, prepareNothing},
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace norvast {
 
-// The kind of that name ("html", "xml", "rtf", "notebook"), or nullptr.
+// The kind of that name ("html", "xml", "rtf", "notebook", "manual"), or nullptr.
 const DocumentKind* pageKind(std::string_view name);
 
 }  // namespace norvast

@@ -213,21 +213,15 @@ class RtfText {
       high_ = unit;
       return;
     }
-    std::uint32_t scalar = unit;
+    char32_t scalar = unit;
     if (unit >= 0xDC00 && unit < 0xE000) {
       if (high_ == 0) return;
       scalar = 0x10000 + ((high_ - 0xD800) << 10) + (unit - 0xDC00);
     }
     high_ = 0;
-    append(utf8Of(scalar));
-  }
-
-  static std::string utf8Of(std::uint32_t scalar) {
-    std::string bytes;
-    for (int shift = 24; shift >= 0; shift -= 8) {
-      bytes += static_cast<char>(scalar >> shift & 0xFF);
-    }
-    return decodedFrom(bytes, "UTF-32BE").value_or("");
+    std::string character;
+    appendUtf8(character, scalar);
+    append(character);
   }
 
   // What is encoded by the font ends where the font may change.

@@ -8,7 +8,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace norvast;
   constexpr std::size_t LIMIT = 2000;
   for (const char* name : {"word", "spreadsheet", "presentation", "opendocument", "epub", "html",
-                           "xml", "rtf", "notebook", "mail", "mailbox", "packed"}) {
+                           "xml", "rtf", "notebook", "manual", "mail", "mailbox", "packed"}) {
     const DocumentKind* kind = documentKind(name);
     if (kind == nullptr) kind = pageKind(name);
     if (kind == nullptr) kind = mailKind(name);

@@ -9,6 +9,7 @@
 #include "json/json_cursor.h"
 #include "json/json_writer.h"
 #include "json/whole_number.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -18,23 +19,6 @@ constexpr char32_t REPLACEMENT = 0xFFFD;
 
 bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-void appendUtf8(std::string& text, char32_t scalar) {
-  const auto byte = [&text](char32_t bits) { text += static_cast<char>(bits); };
-  if (scalar < 0x80) return byte(scalar);
-  if (scalar < 0x800) {
-    byte(0xC0 | (scalar >> 6));
-  } else {
-    if (scalar < 0x10000) {
-      byte(0xE0 | (scalar >> 12));
-    } else {
-      byte(0xF0 | (scalar >> 18));
-      byte(0x80 | ((scalar >> 12) & 0x3F));
-    }
-    byte(0x80 | ((scalar >> 6) & 0x3F));
-  }
-  byte(0x80 | (scalar & 0x3F));
-}
 
 // The UTF-16 code unit of the \u escape that `text` begins with, or 0.
 char32_t escapedUnit(std::string_view text) {

@@ -116,8 +116,9 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
 
 TEST(DocumentReading, LooksAtTheContentWhereTheNameSaysNothing) {
   const TestHome home;
-  for (const char* sample : {"recipe.html", "offer.eml", "offers.mbox", "pump.rtf", "pump.epub",
-                             "pump.odt", "pump.docx", "costs.xlsx", "two.zip", "greeting.txt.gz"}) {
+  for (const char* sample :
+       {"recipe.html", "offer.eml", "offers.mbox", "pump.rtf", "pump.epub", "pump.1", "pump.odt",
+        "pump.docx", "costs.xlsx", "two.zip", "greeting.txt.gz"}) {
     const auto path = std::filesystem::path(TEST_DATA "/documents") / sample;
     home.writeFile(home.path() / "unnamed", fileBytes(path));
     EXPECT_EQ(shown(readDocument(home.path() / "unnamed")), shown(readDocument(path))) << sample;

@@ -68,6 +68,23 @@ std::string_view firstBytes(std::string_view utf8, std::size_t limit) {
   return utf8.substr(0, end);
 }
 
+void appendUtf8(std::string& text, char32_t scalar) {
+  const auto byte = [&text](char32_t bits) { text += static_cast<char>(bits); };
+  if (scalar < 0x80) return byte(scalar);
+  if (scalar < 0x800) {
+    byte(0xC0 | (scalar >> 6));
+  } else {
+    if (scalar < 0x10000) {
+      byte(0xE0 | (scalar >> 12));
+    } else {
+      byte(0xF0 | (scalar >> 18));
+      byte(0x80 | ((scalar >> 12) & 0x3F));
+    }
+    byte(0x80 | ((scalar >> 6) & 0x3F));
+  }
+  byte(0x80 | (scalar & 0x3F));
+}
+
 std::string repairUtf8(std::string bytes) {
   if (validUtf8Length(bytes) == bytes.size()) return bytes;
   std::string repaired;

@@ -20,6 +20,9 @@ bool isCutCharacter(std::string_view bytes);
 // The leading bytes of valid UTF-8, at most `limit` of them, that end between two characters.
 std::string_view firstBytes(std::string_view utf8, std::size_t limit);
 
+// Appends the character with that number, which must not be a surrogate or beyond U+10FFFF.
+void appendUtf8(std::string& text, char32_t scalar);
+
 // The bytes as valid UTF-8: each maximal invalid part replaced by one U+FFFD, all else unchanged.
 std::string repairUtf8(std::string bytes);
 
