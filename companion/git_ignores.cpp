@@ -28,9 +28,20 @@ bool exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
+bool isWithinWorkTree(const std::string& folder) {
+  for (std::optional<std::string_view> place = folder; place; place = parentOf(*place)) {
+    if (exists(std::string(*place) + "/.git")) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
-GitIgnores::GitIgnores() {
+// The library reads the certificates of the whole system when it starts, which takes longer than a
+// run over a few files: it starts with the first work tree.
+void GitIgnores::start() {
+  if (isStarted_) return;
+  isStarted_ = true;
   (void)git_libgit2_init();
   // Whoever owns a work tree: what is ignored there is no less unwanted here.
   (void)git_libgit2_opts(GIT_OPT_SET_OWNER_VALIDATION, 0);
@@ -38,7 +49,7 @@ GitIgnores::GitIgnores() {
 
 GitIgnores::~GitIgnores() {
   workTrees_.clear();
-  (void)git_libgit2_shutdown();
+  if (isStarted_) (void)git_libgit2_shutdown();
 }
 
 void GitIgnores::Close::operator()(git_repository* repository) const {
@@ -46,6 +57,7 @@ void GitIgnores::Close::operator()(git_repository* repository) const {
 }
 
 void GitIgnores::open(const std::string& place, unsigned flags) {
+  start();
   git_repository* opened = nullptr;
   if (git_repository_open_ext(&opened, place.c_str(), flags, nullptr) != 0) return;
   Repository repository(opened);
@@ -59,7 +71,7 @@ void GitIgnores::open(const std::string& place, unsigned flags) {
 void GitIgnores::enter(const std::string& folder) {
   if (isFirst_) {
     isFirst_ = false;
-    open(folder, 0);
+    if (isWithinWorkTree(folder)) open(folder, 0);
   } else if (exists(folder + "/.git")) {
     open(folder, GIT_REPOSITORY_OPEN_NO_SEARCH);
   }

@@ -14,7 +14,7 @@ namespace norvast {
 // One for a scan. A repository that cannot be read ignores nothing.
 class GitIgnores {
  public:
-  GitIgnores();
+  GitIgnores() = default;
   ~GitIgnores();
   GitIgnores(const GitIgnores&) = delete;
   GitIgnores& operator=(const GitIgnores&) = delete;
@@ -33,11 +33,13 @@ class GitIgnores {
   };
   using Repository = std::unique_ptr<git_repository, Close>;
 
+  void start();
   void open(const std::string& place, unsigned flags);
 
   std::map<std::string, Repository, std::less<>> workTrees_;  // by their folders
   std::string tree_;                                          // of the folder entered last
   git_repository* repository_ = nullptr;
+  bool isStarted_ = false;
   bool isFirst_ = true;
 };
 
