@@ -100,10 +100,10 @@ std::size_t dateWords(const EntityWords& words, std::size_t at) {
     if (is(year, isYear)) return year + 1 - at;
     return isWrittenOut(words[month].text) ? month + 1 - at : 0;
   }
-  if (is(at, isMonth) && is(at + 1, isDayOfMonth)) {
+  if (is(at + 1, isDayOfMonth) && is(at, isMonth)) {
     return is(at + 2, isYear) ? 3 : isWrittenOut(words[at].text) ? 2 : 0;
   }
-  return is(at, isMonth) && is(at + 1, isYear) ? 2 : 0;
+  return is(at + 1, isYear) && is(at, isMonth) ? 2 : 0;
 }
 
 // How many words from `at` are a telephone number: a + and digits, in groups. 0 when they are none.
@@ -129,8 +129,8 @@ std::size_t streetWords(const EntityWords& words, std::size_t at) {
   const auto isNamed = [&words](std::size_t index) {
     return index < words.size() && isCapitalised(words[index].text);
   };
-  if (isNamed(at) && isStreetWord(words[at].text) && !words[at].isClosed && at + 1 < words.size() &&
-      isHouseNumber(words[at + 1].text)) {
+  if (!words[at].isClosed && at + 1 < words.size() && isHouseNumber(words[at + 1].text) &&
+      isNamed(at) && isStreetWord(words[at].text)) {
     return 2;
   }
   if (!isHouseNumber(words[at].text) || words[at].isClosed || !isNamed(at + 1)) return 0;

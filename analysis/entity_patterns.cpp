@@ -11,17 +11,8 @@
 namespace norvast {
 namespace {
 
-bool isDigit(char character) { return isAsciiDigit(character); }
-
-bool isAsciiLetter(char character) {
-  const char lower = asciiLowerCase(character);
-  return lower >= 'a' && lower <= 'z';
-}
-
-bool isAsciiAlphanumeric(char character) { return isAsciiLetter(character) || isDigit(character); }
-
 bool isDigits(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
+  return !text.empty() && std::all_of(text.begin(), text.end(), isAsciiDigit);
 }
 
 bool contains(const auto& list, std::string_view word) {
@@ -66,6 +57,8 @@ bool isDateLike(std::string_view word, char separator, std::size_t firstDigits,
          std::max(first.size(), last.size()) == 4;
 }
 
+constexpr std::size_t SHORTEST_WEB_ADDRESS = std::string_view("www.ab").size();
+
 }  // namespace
 
 bool isEmailAddress(std::string_view word) {
@@ -81,6 +74,7 @@ bool isEmailAddress(std::string_view word) {
 }
 
 std::string_view webAddressIn(std::string_view word) {
+  if (word.size() < SHORTEST_WEB_ADDRESS) return {};
   std::size_t start = word.find("http");
   if (start == std::string_view::npos) start = word.find("www.");
   if (start == std::string_view::npos) return {};
@@ -108,12 +102,12 @@ std::string_view webAddressIn(std::string_view word) {
 }
 
 bool isNumericDate(std::string_view word) {
-  if (word.empty() || !isDigit(word.front())) return false;
+  if (word.empty() || !isAsciiDigit(word.front())) return false;
   return isDateLike(word, '-', 4, 2) || isDateLike(word, '.', 2, 4) || isDateLike(word, '/', 2, 4);
 }
 
 bool isDayOfMonth(std::string_view word) {
-  if (word.empty() || !isDigit(word.front())) return false;
+  if (word.empty() || !isAsciiDigit(word.front())) return false;
   for (const std::string_view ordinal : {"st", "nd", "rd", "th", "er", "º", "."}) {
     if (word.ends_with(ordinal)) word.remove_suffix(ordinal.size());
   }
@@ -143,6 +137,7 @@ bool isStreetWord(std::string_view word) {
 }
 
 bool isCapitalised(std::string_view word) {
+  if (letterCaseOf(word) != LetterCase::capital) return false;
   std::size_t letters = 0;
   bool mayBeCapital = true;
   bool isName = true;

@@ -4,13 +4,14 @@
 
 #include "analysis/lines.h"
 #include "text/ascii.h"
+#include "text/byte_set.h"
 #include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
-constexpr std::string_view OPENING = "([{\"'<*_`";
-constexpr std::string_view CLOSING = ".,;:!?)]}\"'>*_`";
+constexpr ByteSet OPENING("([{\"'<*_`");
+constexpr ByteSet CLOSING(".,;:!?)]}\"'>*_`");
 constexpr std::array<std::string_view, 7> WIDE_QUOTES = {"„", "“", "”", "‘", "’", "«", "»"};
 
 // How many bytes of punctuation a text begins, or ends, with.
@@ -18,8 +19,9 @@ std::size_t openingLength(std::string_view text) {
   std::size_t length = 0;
   for (bool isOn = true; isOn && length < text.size();) {
     const std::string_view rest = text.substr(length);
-    isOn = OPENING.find(rest.front()) != std::string_view::npos;
+    isOn = OPENING.contains(rest.front());
     if (isOn) ++length;
+    if (isAsciiByte(rest.front())) continue;
     for (const std::string_view quote : WIDE_QUOTES) {
       if (!isOn && rest.starts_with(quote)) length += quote.size(), isOn = true;
     }
@@ -31,8 +33,9 @@ std::size_t closingLength(std::string_view text) {
   std::size_t length = 0;
   for (bool isOn = true; isOn && length < text.size();) {
     const std::string_view rest = text.substr(0, text.size() - length);
-    isOn = CLOSING.find(rest.back()) != std::string_view::npos;
+    isOn = CLOSING.contains(rest.back());
     if (isOn) ++length;
+    if (isAsciiByte(rest.back())) continue;
     for (const std::string_view quote : WIDE_QUOTES) {
       if (!isOn && rest.ends_with(quote)) length += quote.size(), isOn = true;
     }
@@ -41,14 +44,16 @@ std::size_t closingLength(std::string_view text) {
 }
 
 bool endsSentence(std::string_view raw) {
-  return std::string_view(".!?:").find(raw.back()) != std::string_view::npos || raw == "-" ||
-         raw == "*" || raw == "•" || raw == "–" || raw == "—";
+  static constexpr ByteSet ENDS(".!?:");
+  return ENDS.contains(raw.back()) || raw == "-" || raw == "*" || raw == "•" || raw == "–" ||
+         raw == "—";
 }
 
 // The length of an article that an apostrophe joins to a word: l', d', dell'.
 std::size_t articleLength(std::string_view word) {
-  const std::size_t end = word.find_first_of("'\xE2");
-  if (end == 0 || end == std::string_view::npos || end > 5) return 0;
+  static constexpr ByteSet MARKS("'\xE2");
+  const std::size_t end = MARKS.firstIn(word);
+  if (end == 0 || end == word.size() || end > 5) return 0;
   const std::size_t mark = word[end] == '\'' ? 1 : word.substr(end).starts_with("’") ? 3 : 0;
   if (mark == 0 || letterCaseOf(word.substr(end + mark)) == LetterCase::none) return 0;
   const std::string article = asciiLowerCase(word.substr(0, end));

@@ -50,9 +50,15 @@ std::string onOneLine(std::string_view text) {
   joined.reserve(text.size());
   for (std::string_view line : linesOf(text)) {
     line.remove_prefix(markLength(line));
-    for (const std::string_view word : wordsBetweenBlanks(line)) {
-      if (!joined.empty()) joined += ' ';
-      joined += word;
+    bool isWithinWord = false;
+    for (const char character : line) {
+      if (isBlank(character)) {
+        isWithinWord = false;
+        continue;
+      }
+      if (!isWithinWord && !joined.empty()) joined += ' ';
+      joined += character;
+      isWithinWord = true;
     }
   }
   return joined;

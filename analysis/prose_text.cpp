@@ -2,14 +2,10 @@
 
 #include "analysis/lines.h"
 #include "text/ascii.h"
+#include "text/byte_set.h"
 
 namespace norvast {
 namespace {
-
-bool isAsciiLetter(char character) {
-  const char lower = asciiLowerCase(character);
-  return lower >= 'a' && lower <= 'z';
-}
 
 // The length of "<tag ...>" at the beginning of a text; 0 when there is none.
 std::size_t tagLength(std::string_view text) {
@@ -60,7 +56,8 @@ Link markupAt(std::string_view text) {
 
 std::string proseText(std::string_view text) {
   std::string line = onOneLine(text);
-  if (line.find_first_of("<[*`") == std::string::npos) return line;
+  static constexpr ByteSet MARKUP("<[*`");
+  if (!MARKUP.isIn(line)) return line;
   std::string prose;
   prose.reserve(line.size());
   for (std::string_view rest = line; !rest.empty();) {

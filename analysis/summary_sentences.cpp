@@ -9,7 +9,9 @@
 #include "analysis/prose_text.h"
 #include "analysis/text_language.h"
 #include "text/ascii.h"
+#include "text/byte_set.h"
 #include "text/content_terms.h"
+#include "text/phrase_set.h"
 #include "text/sentences.h"
 #include "text/unicode.h"
 
@@ -21,8 +23,7 @@ constexpr std::size_t LONGEST_CLUSTERS = 300;
 constexpr std::size_t FEWEST_TERMS = 3;
 
 // In lower case; what holds one of them is about the file and not of its subject.
-constexpr std::array<std::string_view, 36> NOTICES = {"copyright",
-                                                      "©",
+constexpr std::array<std::string_view, 35> NOTICES = {"copyright",
                                                       "(c) 1",
                                                       "(c) 2",
                                                       "all rights reserved",
@@ -58,11 +59,9 @@ constexpr std::array<std::string_view, 36> NOTICES = {"copyright",
                                                       "gesendet von meinem",
                                                       "envoyé de mon"};
 
-bool isNotice(std::string_view sentence) {
-  const std::string lower = lowerCase(sentence);
-  return std::any_of(NOTICES.begin(), NOTICES.end(), [&lower](std::string_view notice) {
-    return lower.find(notice) != std::string::npos;
-  });
+bool isNotice(std::string_view lower) {
+  static const PhraseSet PHRASES(NOTICES);
+  return PHRASES.isIn(lower) || lower.find("©") != std::string_view::npos;
 }
 
 // In lower case; a sentence that begins with one of them leans on the one before it.
@@ -81,15 +80,12 @@ constexpr std::array<std::string_view, 22> REFERENCES = {
     "ci-dessus",         " voir ",   "siguiente", "a continuación", "véase",       "seguent",
     "di seguito",        "vedere ",  "download ", "click "};
 
-double weightOf(std::string_view sentence) {
-  const std::string lower = lowerCase(sentence);
-  const auto begins = [&lower](std::string_view start) { return lower.starts_with(start); };
-  const auto holds = [&lower](std::string_view part) {
-    return lower.find(part) != std::string::npos;
-  };
+double weightOf(std::string_view lower) {
+  static const PhraseSet PLACES(REFERENCES);
+  const auto begins = [lower](std::string_view start) { return lower.starts_with(start); };
   double weight = lower.ends_with("?") ? 0.5 : 1;
   if (std::any_of(LEANING_STARTS.begin(), LEANING_STARTS.end(), begins)) weight *= 0.6;
-  if (std::any_of(REFERENCES.begin(), REFERENCES.end(), holds)) weight *= 0.6;
+  if (PLACES.isIn(lower)) weight *= 0.6;
   return weight;
 }
 
@@ -111,6 +107,7 @@ bool endsAsSentence(std::string_view sentence) {
 // Letters for the most part, with no signs of a program, and not the rest of a sentence that began
 // above an inserted line.
 bool readsAsProse(std::string_view sentence) {
+  static constexpr ByteSet PROGRAM_SIGNS("{}=\\|");
   const auto isSign = [](char character) {
     return static_cast<unsigned char>(character) < 0x80 && character > ' ' &&
            !isAsciiDigit(character) &&
@@ -119,8 +116,7 @@ bool readsAsProse(std::string_view sentence) {
   const auto signs = std::count_if(sentence.begin(), sentence.end(), isSign);
   const auto digits = std::count_if(sentence.begin(), sentence.end(), isAsciiDigit);
   const auto size = static_cast<std::ptrdiff_t>(sentence.size());
-  return signs * 10 <= size && digits * 5 <= size &&
-         sentence.find_first_of("{}=\\|") == std::string_view::npos &&
+  return signs * 10 <= size && digits * 5 <= size && !PROGRAM_SIGNS.isIn(sentence) &&
          sentence.find("://") == std::string_view::npos &&
          letterCaseOf(sentence) != LetterCase::small;
 }
@@ -181,8 +177,9 @@ std::vector<SummarySentence> summarySentences(const Outline& outline, Language l
       if (clusters < SHORTEST_CLUSTERS || clusters > LONGEST_CLUSTERS) continue;
       std::vector<std::string> terms = termsOf(sentence, language);
       if (terms.size() < FEWEST_TERMS) continue;
-      auto& kind = isNotice(sentence) ? notices : sentences;
-      kind.push_back({std::string(sentence), clusters, std::move(terms), weightOf(sentence)});
+      const std::string lower = lowerCase(sentence);
+      auto& kind = isNotice(lower) ? notices : sentences;
+      kind.push_back({std::string(sentence), clusters, std::move(terms), weightOf(lower)});
     }
   }
   if (sentences.empty()) return notices;

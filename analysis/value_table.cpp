@@ -26,17 +26,19 @@ bool isMostlyNumbers(std::string_view line) {
     return asciiLowerCase(character) != character || (character >= 'a' && character <= 'z') ||
            static_cast<unsigned char>(character) >= 0x80;
   };
-  return digitsIn(line) * 2 >
-         static_cast<std::size_t>(std::count_if(line.begin(), line.end(), isLetter));
+  const std::size_t digits = digitsIn(line);
+  return digits > 0 &&
+         digits * 2 > static_cast<std::size_t>(std::count_if(line.begin(), line.end(), isLetter));
 }
 
-using Separators = std::array<std::size_t, 4>;
+constexpr std::string_view SEPARATORS = "\t,;|";
+using Separators = std::array<std::size_t, SEPARATORS.size()>;
 
 Separators separatorsIn(std::string_view line) {
   Separators counts{};
-  for (const char character : line) {
-    const std::size_t which = std::string_view("\t,;|").find(character);
-    if (which != std::string_view::npos) ++counts[which];
+  for (std::size_t which = 0; which < counts.size(); ++which) {
+    counts[which] =
+        static_cast<std::size_t>(std::count(line.begin(), line.end(), SEPARATORS[which]));
   }
   return counts;
 }

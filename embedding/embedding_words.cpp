@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <memory_resource>
 #include <unordered_map>
 
 #include "embedding/function_words.h"
@@ -16,15 +17,12 @@ constexpr double NEIGHBOURED_IDEOGRAPH_COUNT = 0.5;
 constexpr double FUNCTION_WORD_WEIGHT = 0.1;
 constexpr std::size_t FEWEST_CHARACTERS_OF_A_PIECE = 2;
 
-// True when a new piece of an identifier begins at `at`, which is above 0.
-bool beginsPiece(std::u32string_view run, std::size_t at) {
-  const ScalarKind before = scalarKindOf(run[at - 1]);
-  const ScalarKind here = scalarKindOf(run[at]);
+// True when a new piece of an identifier begins with a scalar between these two.
+bool beginsPiece(ScalarKind before, ScalarKind here, ScalarKind after) {
   if ((before == ScalarKind::digit) != (here == ScalarKind::digit)) return true;
   if (here != ScalarKind::capital) return false;
-  if (before == ScalarKind::small) return true;
-  return before == ScalarKind::capital && at + 1 < run.size() &&
-         scalarKindOf(run[at + 1]) == ScalarKind::small;
+  return before == ScalarKind::small ||
+         (before == ScalarKind::capital && after == ScalarKind::small);
 }
 
 class WordCounter {
@@ -32,14 +30,18 @@ class WordCounter {
   void addWord(std::u32string_view run) {
     counts_[lowerCased(run)] += 1;
     std::size_t start = 0;
-    for (std::size_t at = 1; at <= run.size(); ++at) {
-      if (at < run.size() && !beginsPiece(run, at)) continue;
-      const bool isWhole = start == 0 && at == run.size();
-      if (!isWhole && at - start >= FEWEST_CHARACTERS_OF_A_PIECE) {
-        counts_[lowerCased(run.substr(start, at - start))] += PIECE_COUNT;
+    ScalarKind before = scalarKindOf(run[0]);
+    ScalarKind here = kindAt(run, 1);
+    for (std::size_t at = 1; at < run.size(); ++at) {
+      const ScalarKind after = kindAt(run, at + 1);
+      if (beginsPiece(before, here, after)) {
+        addPiece(run.substr(start, at - start));
+        start = at;
       }
-      start = at;
+      before = here;
+      here = after;
     }
+    if (start > 0) addPiece(run.substr(start));
   }
 
   void addIdeographs(std::u32string_view run) {
@@ -51,13 +53,25 @@ class WordCounter {
   }
 
   std::vector<std::pair<std::string, double>> take() {
-    std::vector<std::pair<std::string, double>> sorted(counts_.begin(), counts_.end());
+    std::vector<std::pair<std::string, double>> sorted;
+    sorted.reserve(counts_.size());
+    for (const auto& [word, count] : counts_) sorted.emplace_back(word, count);
     std::sort(sorted.begin(), sorted.end());
     return sorted;
   }
 
  private:
-  std::unordered_map<std::string, double> counts_;
+  static ScalarKind kindAt(std::u32string_view run, std::size_t at) {
+    return at < run.size() ? scalarKindOf(run[at]) : ScalarKind::separator;
+  }
+
+  void addPiece(std::u32string_view piece) {
+    if (piece.size() >= FEWEST_CHARACTERS_OF_A_PIECE) counts_[lowerCased(piece)] += PIECE_COUNT;
+  }
+
+  // A text has a hundred words or so, and there are many texts: their places cost little.
+  std::pmr::monotonic_buffer_resource places_{16'384};
+  std::pmr::unordered_map<std::string, double> counts_{&places_};
 };
 
 bool isApostrophe(char32_t scalar) { return scalar == '\'' || scalar == 0x2019; }

@@ -8,8 +8,6 @@
 namespace norvast {
 namespace {
 
-using Words = std::unordered_map<std::string_view, FunctionWord>;
-
 static_assert(function_word_lists::ALL.size() == LANGUAGES);
 
 LanguageBits bit(std::size_t language) { return static_cast<LanguageBits>(1U << language); }
@@ -24,24 +22,39 @@ void forEachWord(std::string_view list, Visit visit) {
   }
 }
 
-Words readLists() {
-  Words words;
-  for (std::size_t language = 0; language < LANGUAGES; ++language) {
-    const auto& list = function_word_lists::ALL[language];
-    forEachWord(list.everywhere,
-                [&](std::string_view word) { words[word].everywhere |= bit(language); });
-    forEachWord(list.inItsTextsAlone,
-                [&](std::string_view word) { words[word].inItsTextsAlone |= bit(language); });
+class Lists {
+ public:
+  Lists() {
+    for (std::size_t language = 0; language < LANGUAGES; ++language) {
+      const auto& list = function_word_lists::ALL[language];
+      forEachWord(list.everywhere,
+                  [&](std::string_view word) { entry(word).everywhere |= bit(language); });
+      forEachWord(list.inItsTextsAlone,
+                  [&](std::string_view word) { entry(word).inItsTextsAlone |= bit(language); });
+    }
   }
-  return words;
-}
+
+  FunctionWord find(std::string_view word) const {
+    if (word.size() > longest_) return {};
+    const auto found = words_.find(word);
+    return found == words_.end() ? FunctionWord() : found->second;
+  }
+
+ private:
+  FunctionWord& entry(std::string_view word) {
+    longest_ = std::max(longest_, word.size());
+    return words_[word];
+  }
+
+  std::unordered_map<std::string_view, FunctionWord> words_;
+  std::size_t longest_ = 0;
+};
 
 }  // namespace
 
 FunctionWord functionWord(std::string_view word) {
-  static const Words WORDS = readLists();
-  const auto found = WORDS.find(word);
-  return found == WORDS.end() ? FunctionWord() : found->second;
+  static const Lists LISTS;
+  return LISTS.find(word);
 }
 
 void FunctionWordCount::add(FunctionWord word, double count) {

@@ -7,12 +7,22 @@
 
 namespace norvast {
 
+constexpr bool isAsciiByte(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
 constexpr bool isAsciiDigit(char character) { return character >= '0' && character <= '9'; }
 
 constexpr bool isAsciiCapital(char character) { return character >= 'A' && character <= 'Z'; }
 
 constexpr char asciiLowerCase(char character) {
   return isAsciiCapital(character) ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+constexpr bool isAsciiLetter(char character) {
+  return asciiLowerCase(character) >= 'a' && asciiLowerCase(character) <= 'z';
+}
+
+constexpr bool isAsciiAlphanumeric(char character) {
+  return isAsciiLetter(character) || isAsciiDigit(character);
 }
 
 // The text with A to Z as a to z, and every other byte as it is.
@@ -23,12 +33,15 @@ inline std::string asciiLowerCase(std::string_view text) {
   return lower;
 }
 
+constexpr bool isAsciiSpace(char character) {
+  return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
 // The text without the white space of ASCII around it. A view into `text`.
 constexpr std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view BLANKS = " \t\r\n\f\v";
-  const std::size_t first = text.find_first_not_of(BLANKS);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
+  while (!text.empty() && isAsciiSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isAsciiSpace(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 // The texts in one, each two separated by `separator`. Empty ones at the beginning leave no trace.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/unicode.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -41,11 +42,16 @@ std::vector<std::string> contentTerms(std::string_view text) {
     run.clear();
     clusters = 0;
   };
-  forEachCluster(folded, [&](std::string_view cluster) {
+  const auto take = [&](std::string_view cluster) {
     if (!isLetterOrNumber(cluster)) return endRun();
     run += cluster;
     ++clusters;
-  });
+  };
+  if (isAscii(folded)) {  // then each letter and digit is a cluster
+    for (std::size_t at = 0; at < folded.size(); ++at) take({&folded[at], 1});
+  } else {
+    forEachCluster(folded, take);
+  }
   endRun();
   return terms;
 }

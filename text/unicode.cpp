@@ -213,6 +213,7 @@ std::string foldDiacritics(std::string_view text) {
 
 bool isLetterOrNumber(std::string_view cluster) {
   const UChar32 first = firstScalar(cluster);
+  if (first < 0x80) return first >= 0 && isAsciiAlphanumeric(static_cast<char>(first));
   return first >= 0 && (u_isUAlphabetic(first) != 0 ||
                         u_getIntPropertyValue(first, UCHAR_NUMERIC_TYPE) != U_NT_NONE);
 }

@@ -70,12 +70,7 @@ std::u32string foldedScalars(std::string_view text) {
   return scalars;
 }
 
-ScalarKind scalarKindOf(char32_t scalar) {
-  if (scalar < 0x80) {
-    if (scalar >= 'a' && scalar <= 'z') return ScalarKind::small;
-    if (scalar >= 'A' && scalar <= 'Z') return ScalarKind::capital;
-    return scalar >= '0' && scalar <= '9' ? ScalarKind::digit : ScalarKind::separator;
-  }
+ScalarKind kindBeyondAscii(char32_t scalar) {
   const auto character = static_cast<UChar32>(scalar);
   if (u_isdigit(character) != 0) return ScalarKind::digit;
   if (u_isalpha(character) == 0) return ScalarKind::separator;
@@ -90,10 +85,9 @@ ScalarKind scalarKindOf(char32_t scalar) {
 std::string lowerCased(std::u32string_view scalars) {
   std::string text;
   if (std::all_of(scalars.begin(), scalars.end(), [](char32_t scalar) { return scalar < 0x80; })) {
-    for (const char32_t scalar : scalars) {
-      const bool isCapital = scalar >= 'A' && scalar <= 'Z';
-      text += static_cast<char>(isCapital ? scalar + ('a' - 'A') : scalar);
-    }
+    text.resize(scalars.size());
+    std::transform(scalars.begin(), scalars.end(), text.begin(),
+                   [](char32_t scalar) { return asciiLowerCase(static_cast<char>(scalar)); });
     return text;
   }
   icu::UnicodeString word;
