@@ -53,7 +53,7 @@ struct Signature {
   FileKind kind;
 };
 
-constexpr std::array<Signature, 17> SIGNATURES = {{
+constexpr std::array<Signature, 18> SIGNATURES = {{
     {"%PDF-", {Way::pdf, {}}},
     {"{\\rtf", {Way::document, "rtf"}},
     {"<?xml", {Way::document, "xml"}},
@@ -63,6 +63,7 @@ constexpr std::array<Signature, 17> SIGNATURES = {{
     {{"II*\0", 4}, {Way::image, {}}},
     {{"MM\0*", 4}, {Way::image, {}}},
     {"PK\x03\x04", {Way::document, "packed"}},
+    {"PK\x05\x06", {Way::document, "packed"}},
     {"\x1F\x8B", {Way::document, "packed"}},
     {"BZh", {Way::document, "packed"}},
     {{"\xFD"

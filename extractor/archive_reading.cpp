@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "extractor/reading_bounds.h"
+#include "text/encoding.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -34,10 +35,14 @@ Unpacked Unpacking::readEntry(archive* reader, std::string& into) {
   return Unpacked::cut;
 }
 
-std::string entryName(archive_entry* entry) {
-  const char* name = archive_entry_pathname_utf8(entry);
-  if (name == nullptr) name = archive_entry_pathname(entry);
-  return name == nullptr ? std::string() : repairUtf8(name);
+std::string entryName(archive* reader, archive_entry* entry) {
+  if (const char* utf8 = archive_entry_pathname_utf8(entry)) return utf8;
+  const char* name = archive_entry_pathname(entry);
+  if (name == nullptr) return {};
+  // PKWARE, .ZIP File Format Specification, appendix D; other formats leave it to the system.
+  const bool isZip = (archive_format(reader) & ARCHIVE_FORMAT_BASE_MASK) == ARCHIVE_FORMAT_ZIP;
+  const auto decoded = decodedFrom(name, isZip ? "cp437" : "windows-1252");
+  return decoded.value_or(repairUtf8(name));
 }
 
 }  // namespace norvast

@@ -32,7 +32,8 @@ class Unpacking {
   std::size_t unpackedBytes_ = 0;
 };
 
-// The name of the reader's current entry as UTF-8; empty when it has none.
-std::string entryName(archive_entry* entry);
+// The name of the reader's current entry as UTF-8; empty when it has none. One that is in an
+// encoding which the archive does not name is taken for what most archives of its format have then.
+std::string entryName(archive* reader, archive_entry* entry);
 
 }  // namespace norvast

@@ -17,6 +17,9 @@ namespace {
 
 using Kind = DocumentBlock::Kind;
 
+// All that a zip archive without files consists of begins so: libarchive does not take it for one.
+constexpr std::string_view EMPTY_ZIP = "PK\x05\x06";
+
 // Those within libarchive itself; for others it would start programs.
 ArchiveReader openPacked(std::string_view bytes) {
   ArchiveReader reader(archive_read_new());
@@ -38,14 +41,20 @@ ArchiveReader openPacked(std::string_view bytes) {
   return reader;
 }
 
+// Where no entry could be read: even the names may be encrypted.
+ReadFailure reasonOf(archive* reader) {
+  const bool isEncrypted = reader != nullptr && archive_read_has_encrypted_entries(reader) == 1;
+  return isEncrypted ? ReadFailure::encrypted : ReadFailure::decodingFailed;
+}
+
 ReadDocument readNames(archive* reader, archive_entry* entry, std::size_t limitCharacters) {
   DocumentBuilder document("file names", limitCharacters);
   std::string names;
   int found = ARCHIVE_OK;
   for (std::size_t count = 0; found != ARCHIVE_EOF; ++count) {
-    if (found < ARCHIVE_WARN) return ReadFailure::decodingFailed;
+    if (found < ARCHIVE_WARN) return reasonOf(reader);
     if (count == MOST_ENTRIES || names.size() > limitCharacters) break;
-    names += entryName(entry) + "\n";
+    names += entryName(reader, entry) + "\n";
     found = archive_read_next_header(reader, &entry);
   }
   document.addLines(Kind::paragraph, names);
@@ -76,10 +85,11 @@ void preparePacked() {
 }
 
 ReadDocument readPacked(std::string_view bytes, std::size_t limitCharacters) {
+  if (bytes.starts_with(EMPTY_ZIP)) return ReadFailure::noText;
   const ArchiveReader reader = openPacked(bytes);
   archive_entry* entry = nullptr;
   const int found = reader ? archive_read_next_header(reader.get(), &entry) : ARCHIVE_FATAL;
-  if (found < ARCHIVE_WARN) return ReadFailure::decodingFailed;
+  if (found < ARCHIVE_WARN) return reasonOf(reader.get());
   if (found == ARCHIVE_EOF) return ReadFailure::noText;
   if (archive_format(reader.get()) != ARCHIVE_FORMAT_RAW) {
     return readNames(reader.get(), entry, limitCharacters);

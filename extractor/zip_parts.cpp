@@ -62,7 +62,7 @@ std::variant<ZipParts, ReadFailure> readZipParts(
     if (found == ARCHIVE_EOF) return parts;
     if (found < ARCHIVE_WARN) return ReadFailure::decodingFailed;
     if (count == MOST_ENTRIES) return ReadFailure::tooLarge;
-    std::string name = entryName(entry);
+    std::string name = entryName(reader.get(), entry);
     if (!isWanted(name)) continue;
     if (archive_entry_is_encrypted(entry) != 0) return ReadFailure::encrypted;
     ZipPart part;
