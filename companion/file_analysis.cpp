@@ -51,11 +51,19 @@ std::string_view groupOfReader(const FileKind& kind) {
                                                      {"mailbox", "Mail"}}};
   if (kind.way == FileKind::Way::image) return "Images";
   if (kind.kind == "packed") return "Archives";
-  if (kind.way == FileKind::Way::none) return {};
+  if (kind.way == FileKind::Way::none || kind.kind == "old-office") return {};
   const auto* found = std::find_if(READERS.begin(), READERS.end(), [&kind](const Reader& reader) {
     return reader.kind == kind.kind;
   });
   return found == READERS.end() ? "Documents" : found->group;
+}
+
+// Of a file that only its reader could tell the kind of.
+std::string_view groupOfMethod(std::string_view method) {
+  if (method == "Word 97") return "Documents";
+  if (method == "Excel 97") return "Spreadsheets";
+  if (method == "PowerPoint 97") return "Presentations";
+  return method == "mail" ? "Mail" : "";
 }
 
 // By its extension, or where that says nothing by its first bytes.
@@ -83,6 +91,7 @@ FileAnalysis analyseFile(const std::string& path, const ReadingOptions& options,
   } else {
     Document& document = std::get<Document>(read);
     analysis.method = std::move(document.method);
+    if (analysis.group.empty()) analysis.group = groupOfMethod(analysis.method);
     const Outline outline = outlineOf(std::move(document), name);
     const Language language = languageOf(outline);
     analysis.title = outline.title;

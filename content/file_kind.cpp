@@ -73,7 +73,7 @@ constexpr std::array<Signature, 18> SIGNATURES = {{
     {"\x28\xB5\x2F\xFD", {Way::document, "packed"}},
     {"7z\xBC\xAF\x27\x1C", {Way::document, "packed"}},
     {"Rar!\x1A\x07", {Way::document, "packed"}},
-    {COMPOUND_FILE, {Way::none, {}}},
+    {COMPOUND_FILE, {Way::document, "old-office"}},
     {"\x7F"
      "ELF",
      {Way::none, {}}},

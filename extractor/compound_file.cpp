@@ -40,6 +40,10 @@ std::optional<CompoundFile> CompoundFile::open(std::string_view bytes) {
   return CompoundFile(file);
 }
 
+bool CompoundFile::hasStream(const char* name) const {
+  return OwnedGObject<GsfInput>(gsf_infile_child_by_name(file_.get(), name)) != nullptr;
+}
+
 std::optional<std::string> CompoundFile::stream(const char* name) const {
   const OwnedGObject<GsfInput> input(gsf_infile_child_by_name(file_.get(), name));
   if (!input || gsf_input_size(input.get()) < 0) return std::nullopt;

@@ -27,6 +27,8 @@ class CompoundFile {
   // The bytes outlive the file. Nothing when they are no compound file.
   static std::optional<CompoundFile> open(std::string_view bytes);
 
+  bool hasStream(const char* name) const;
+
   // The stream of that name, its first MOST_STREAM_BYTES; nothing when there is none.
   std::optional<std::string> stream(const char* name) const;
 

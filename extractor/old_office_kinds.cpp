@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "extractor/compound_file.h"
+#include "extractor/old_office_reader.h"
 #include "extractor/old_presentation_reader.h"
 #include "extractor/old_spreadsheet_reader.h"
 #include "extractor/old_word_reader.h"
@@ -16,6 +17,7 @@ constexpr DocumentKind KINDS[] = {
     {"old-word", readOldWord, prepareOldWord},
     {"old-spreadsheet", readOldSpreadsheet, prepareOldSpreadsheet},
     {"old-presentation", readOldPresentation, CompoundFile::prepare},
+    {"old-office", readOldOffice, prepareOldOffice},
     {"old-mail", readOutlookMail, CompoundFile::prepare},
 };
 

@@ -8,8 +8,8 @@
 
 namespace norvast {
 
-// The kind of that name ("old-word", "old-spreadsheet", "old-presentation", "old-mail"), or
-// nullptr.
+// The kind of that name ("old-word", "old-spreadsheet", "old-presentation", "old-mail", or
+// "old-office" for any of them), or nullptr.
 const DocumentKind* oldOfficeKind(std::string_view name);
 
 }  // namespace norvast

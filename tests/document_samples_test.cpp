@@ -74,6 +74,13 @@ std::string lockedWorkbook() {
   return bytes;
 }
 
+// A presentation without the stream that its slides are in.
+std::string nothingKnown() {
+  std::string bytes = fileBytes(TEST_DATA "/documents/pump.ppt");
+  bytes[bytes.find(std::string_view("P\0o\0w\0e\0r\0P", 11))] = 'T';
+  return bytes;
+}
+
 TEST(DocumentReading, SaysWhyThereIsNoText) {
   const struct {
     const char* name;
@@ -96,6 +103,7 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
         "ELF\0",
         5},
        ReadFailure::noReader},
+      {"thumbnails", nothingKnown(), ReadFailure::noReader},
       {"plain.key", "Plain", ReadFailure::noReader},
       {"cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
       {"cut.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
@@ -116,9 +124,9 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
 
 TEST(DocumentReading, LooksAtTheContentWhereTheNameSaysNothing) {
   const TestHome home;
-  for (const char* sample :
-       {"recipe.html", "offer.eml", "offers.mbox", "pump.rtf", "pump.epub", "pump.1", "pump.odt",
-        "pump.docx", "costs.xlsx", "two.zip", "greeting.txt.gz"}) {
+  for (const char* sample : {"recipe.html", "offer.eml", "offers.mbox", "pump.rtf", "pump.epub",
+                             "pump.1", "pump.odt", "pump.docx", "costs.xlsx", "two.zip", "pump.doc",
+                             "costs.xls", "pump.ppt", "offer.msg", "greeting.txt.gz"}) {
     const auto path = std::filesystem::path(TEST_DATA "/documents") / sample;
     home.writeFile(home.path() / "unnamed", fileBytes(path));
     EXPECT_EQ(shown(readDocument(home.path() / "unnamed")), shown(readDocument(path))) << sample;
