@@ -27,7 +27,7 @@ struct IndexStatus {
   std::uint64_t nominated = 0;
   std::uint64_t nominatedWithContent = 0;
   std::uint64_t auditEvents = 0;
-  std::optional<std::string> watchingProcess;  // its number
+  std::optional<std::int64_t> watchingProcess;
   bool isAccessOn = true;
   bool isLibraryOn = false;
 };

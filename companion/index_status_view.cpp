@@ -35,12 +35,13 @@ std::string statusText(const IndexStatus& status) {
          row("nominated", status.nominated) +
          row("  with their content", status.nominatedWithContent) +
          row("audit events", status.auditEvents) +
-         row("watched", process ? "by process " + *process : "no") +
+         row("watched", process ? "by process " + std::to_string(*process) : "no") +
          row("AI access", status.isAccessOn ? "on" : coloured("off", Colour::yellow)) +
          row("whole library", status.isLibraryOn ? coloured("on", Colour::yellow) : "off");
 }
 
 Json statusJson(const IndexStatus& status) {
+  const auto& process = status.watchingProcess;
   return Json::Object{{"index", status.path},
                       {"size_bytes", status.sizeBytes},
                       {"files", status.files},
@@ -57,7 +58,7 @@ Json statusJson(const IndexStatus& status) {
                       {"nominated", status.nominated},
                       {"nominated_with_content", status.nominatedWithContent},
                       {"audit_events", status.auditEvents},
-                      {"watching_process", orNull(status.watchingProcess)},
+                      {"watching_process", process ? Json(*process) : Json()},
                       {"ai_access", status.isAccessOn},
                       {"whole_library", status.isLibraryOn}};
 }

@@ -33,7 +33,7 @@ ExitStatus watchCommand(Verbosity verbosity) {
   const auto lock = folder ? WatchLock::take(*folder) : std::nullopt;
   if (!lock) {
     const auto other = folder ? watchingProcess(*folder) : std::nullopt;
-    return fail(other ? "process " + *other + " watches this index already"
+    return fail(other ? "process " + std::to_string(*other) + " watches this index already"
                       : "the folder of " + indexDatabasePath().value_or("") +
                             " cannot be written to");
   }

@@ -27,13 +27,13 @@ std::optional<WatchLock> WatchLock::take(const std::string& indexFolder) {
   return WatchLock(std::move(file));
 }
 
-std::optional<std::string> watchingProcess(const std::string& indexFolder) {
+std::optional<std::int64_t> watchingProcess(const std::string& indexFolder) {
   const Descriptor file = openLock(indexFolder, O_RDONLY);
   struct flock lock = wholeFile(F_RDLCK);
   if (!file || fcntl(file.number(), F_GETLK, &lock) != 0 || lock.l_type == F_UNLCK) {
     return std::nullopt;
   }
-  return std::to_string(lock.l_pid);
+  return lock.l_pid;
 }
 
 }  // namespace norvast

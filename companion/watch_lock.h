@@ -1,6 +1,7 @@
 // Watch lock: one program at a time watches for changes of an index.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -23,8 +24,7 @@ class WatchLock {
   Descriptor file_;
 };
 
-// The process that watches the index in this folder now, as a decimal number; nothing when none
-// does.
-std::optional<std::string> watchingProcess(const std::string& indexFolder);
+// The process that watches the index in this folder now; nothing when none does.
+std::optional<std::int64_t> watchingProcess(const std::string& indexFolder);
 
 }  // namespace norvast

@@ -41,7 +41,7 @@ class Watch : public testing::Test {
     return ended_.get();
   }
   void signal(int number) const {
-    (void)kill(std::stoi(watchingProcess(home.norvastFolder()).value_or("0")), number);
+    (void)kill(static_cast<pid_t>(watchingProcess(home.norvastFolder()).value_or(0)), number);
   }
 
   // Whether it is so within the time that a slow machine may take.
