@@ -51,9 +51,13 @@ std::string entry(Format format, const std::string& server) {
     case Format::localCommand:
       return legible(named("mcp", {{"type", "local"}, {"command", Json::Array{server}}}));
     case Format::toml: {
-      // A basic string of TOML takes every escape that one of JSON is written with.
+      // A basic string of TOML takes every escape that one of JSON is written with, and wants one
+      // for U+007F besides.
       std::string text = "[mcp_servers.norvast]\ncommand = ";
       appendJsonString(text, server, Solidus::plain);
+      for (std::size_t at = 0; (at = text.find('\x7F', at)) != std::string::npos;) {
+        text.replace(at, 1, "\\u007F");
+      }
       return text + "\n";
     }
     case Format::mcpServers:
