@@ -129,10 +129,8 @@ class Indexing {
         place.root, place.start, filter, [&](ScannedFile file) { sort(std::move(file), changed); },
         report_.scan);
     if (isLong) moved_.look();
-    if (!carryRules(changed)) {
-      report_.obstacle = index_.lastFailure();
-      return;
-    }
+    report_.obstacle = carryRules(changed);
+    if (report_.obstacle) return;
     if (indexChanged(std::move(changed))) (void)dropVanished(unreadableBefore);
     report_.obstacle = writing_.obstacle;
   }
@@ -160,18 +158,19 @@ class Indexing {
     changed.push_back(std::move(file));
   }
 
-  // Before what was moved is indexed where it lies now, while the scan went on, too.
-  bool carryRules(std::vector<ScannedFile>& changed) {
+  // Before what was moved is indexed where it lies now, while the scan went on, too. Says why the
+  // index could not be written.
+  std::optional<std::string> carryRules(std::vector<ScannedFile>& changed) {
     meetFoldersOf(changed);
-    const auto carried = moved_.carry();
-    if (!carried || carried->empty()) return carried.has_value();
+    const auto [carried, obstacle] = moved_.carry();
+    if (obstacle || carried.empty()) return obstacle;
     writing_.forgetDecisions();
-    report_.movedRules.insert(report_.movedRules.end(), carried->begin(), carried->end());
+    report_.movedRules.insert(report_.movedRules.end(), carried.begin(), carried.end());
     const auto decisions = readDecisions(index_);
-    if (!decisions) return false;
+    if (!decisions) return index_.lastFailure();
     std::erase_if(changed,
                   [&](const ScannedFile& file) { return !decisions->isIndexed(file.path); });
-    return true;
+    return std::nullopt;
   }
 
   void meetFoldersOf(const std::vector<ScannedFile>& files) {

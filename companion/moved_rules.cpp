@@ -99,7 +99,7 @@ void MovedRules::look() {
     if (!present.empty()) stale_.push_back(path);
     if (!identity.empty()) missed_[identity] = path;
   }
-  isRead_ = statement.isDone();
+  obstacle_ = statement.isDone() ? std::nullopt : std::optional(index_.lastFailure());
 }
 
 void MovedRules::meet(const std::string& path) {
@@ -111,17 +111,17 @@ void MovedRules::meet(const std::string& path) {
   missed_.erase(found);
 }
 
-std::optional<std::vector<MovedRule>> MovedRules::carry() {
-  std::vector<MovedRule> all;
-  if (!isRead_) return std::nullopt;
+CarriedRules MovedRules::carry() {
+  CarriedRules all;
+  if (obstacle_) return {{}, obstacle_};
   if (met_.empty()) return all;
   Transaction transaction(index_);
   for (const auto& [from, to] : met_) {
     auto moved = transaction ? carryRules(index_, from, to) : std::nullopt;
-    if (!moved || !restamp(index_, from)) return std::nullopt;
-    all.insert(all.end(), moved->begin(), moved->end());
+    if (!moved || !restamp(index_, from)) return {{}, index_.lastFailure()};
+    all.rules.insert(all.rules.end(), moved->begin(), moved->end());
   }
-  if (!transaction.commit()) return std::nullopt;
+  if (!transaction.commit()) return {{}, index_.lastFailure()};
   met_.clear();
   return all;
 }

@@ -29,6 +29,11 @@ struct MovedRule {
 std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const std::string& from,
                                                  const std::string& to);
 
+struct CarriedRules {
+  std::vector<MovedRule> rules;         // those that were added
+  std::optional<std::string> obstacle;  // why none were
+};
+
 // Finds what is withheld or left out again when it was moved while nothing watched, by its identity
 // (platform/file_identity.h).
 class MovedRules {
@@ -41,9 +46,9 @@ class MovedRules {
   // Something that a scan comes to.
   void meet(const std::string& path);
 
-  // Carries the rules for all that was met, in one transaction; those that were added. Nothing when
-  // the index could not be read or written: what was met must not be shown then.
-  std::optional<std::vector<MovedRule>> carry();
+  // Carries the rules for all that was met, in one transaction. Where the index could not be read
+  // or written, what was met must not be shown.
+  CarriedRules carry();
 
   // To be called when all roots were looked through: where something else lies at the path of a
   // rule, what is missed still is gone, and the rule stands from now on for what lies there. Where
@@ -52,7 +57,7 @@ class MovedRules {
 
  private:
   const Connection& index_;
-  bool isRead_ = false;
+  std::optional<std::string> obstacle_;        // why the rules could not be read
   std::map<std::string, std::string> missed_;  // paths of rules, by the identity of what they lost
   std::map<std::string, std::string> met_;     // where that lies now, by the paths of rules
   std::vector<std::string> stale_;             // paths of rules that something else lies at now
