@@ -7,12 +7,13 @@
 namespace norvast {
 namespace {
 
-std::vector<TrailEvent> read(Statement& statement) {
+std::optional<std::vector<TrailEvent>> read(Statement& statement) {
   std::vector<TrailEvent> events;
   while (statement.step()) {
     events.push_back({statement.integer(0), statement.integer(1), statement.text(2),
                       statement.text(3), statement.text(4), statement.text(5)});
   }
+  if (!statement.isDone()) return std::nullopt;
   return events;
 }
 
@@ -23,13 +24,12 @@ std::optional<std::vector<TrailEvent>> lastEvents(const MCPStore& store, std::ui
                       "SELECT rowid, ts, verb, object, result, severity FROM audit_event ORDER BY "
                       "rowid DESC LIMIT ?");
   statement.bind(1, static_cast<std::int64_t>(std::min<std::uint64_t>(most, INT64_MAX)));
-  std::vector<TrailEvent> events = read(statement);
-  if (!statement.isDone()) return std::nullopt;
-  std::reverse(events.begin(), events.end());
+  auto events = read(statement);
+  if (events) std::reverse(events->begin(), events->end());
   return events;
 }
 
-std::vector<TrailEvent> eventsAfter(const MCPStore& store, std::int64_t number) {
+std::optional<std::vector<TrailEvent>> eventsAfter(const MCPStore& store, std::int64_t number) {
   Statement statement(store.rdb,
                       "SELECT rowid, ts, verb, object, result, severity FROM audit_event WHERE "
                       "rowid > ? ORDER BY rowid");

@@ -22,7 +22,7 @@ struct TrailEvent {
 // The last `most` events, oldest first. Nothing when the trail could not be read.
 std::optional<std::vector<TrailEvent>> lastEvents(const MCPStore& store, std::uint64_t most);
 
-// The events behind that number.
-std::vector<TrailEvent> eventsAfter(const MCPStore& store, std::int64_t number);
+// The events behind that number. Nothing as above.
+std::optional<std::vector<TrailEvent>> eventsAfter(const MCPStore& store, std::int64_t number);
 
 }  // namespace norvast

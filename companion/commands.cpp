@@ -106,17 +106,17 @@ ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) 
 ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
-  auto read = lastEvents(*store, last);
-  if (!read) return failToRead(store->rdb);
-  std::vector<TrailEvent> events = std::move(*read);
-  if (events.empty() && follow == Follow::no && form == Form::text) std::cout << "no events\n";
+  auto events = lastEvents(*store, last);
+  if (!events) return failToRead(store->rdb);
+  if (events->empty() && follow == Follow::no && form == Form::text) std::cout << "no events\n";
   std::int64_t number = store->scalar("SELECT MAX(rowid) FROM audit_event");
   for (;;) {
-    for (const TrailEvent& event : events) {
+    if (!events) return failToRead(store->rdb);
+    for (const TrailEvent& event : *events) {
       std::cout << (form == Form::json ? eventJson(event) : eventLine(event));
     }
     std::cout.flush();
-    if (!events.empty()) number = events.back().number;
+    if (!events->empty()) number = events->back().number;
     if (follow == Follow::no || !std::cout) return ExitStatus::done;
     std::this_thread::sleep_for(BETWEEN_LOOKS);
     events = eventsAfter(*store, number);

@@ -1,8 +1,11 @@
 // Views as JSON: every value whole, whatever a name or a text is made of.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <thread>
 
 #include "tests/index_command.h"
 #include "tests/test_home.h"
@@ -77,6 +80,16 @@ TEST_F(JsonViews, GiveEachEventALineOfItsOwn) {
                                                                 {"result", "denied"},
                                                                 {"severity", "deny"}}));
   EXPECT_EQ(Value::parse(outcome.output.substr(end + 1))["object"], "\u00e4");
+}
+
+TEST_F(JsonViews, OfEventsToComeEndWithTheTrail) {
+  auto following =
+      std::async(std::launch::async, [this] { return index(home, "audit --json --follow"); });
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  home.execute("ALTER TABLE audit_event RENAME TO gone");
+  const Outcome outcome = following.get();
+  EXPECT_EQ(outcome.status, 1) << outcome.output;
+  EXPECT_NE(outcome.output.find("cannot be read"), std::string::npos) << outcome.output;
 }
 
 // A path that is no UTF-8 has no way into JSON but a mark in its place.
