@@ -5,8 +5,8 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <optional>
-#include <set>
 #include <system_error>
 
 #include "extractor/reading_bounds.h"
@@ -19,29 +19,6 @@ using Event = XmlReader::Event;
 
 // 9999-12-31, behind which there are no dates.
 constexpr double MOST_DAYS = 2'958'465;
-
-// Formats without a code of their own in the file (ECMA-376, 18.8.30).
-bool isBuiltInDate(int format) {
-  return (format >= 14 && format <= 22) || (format >= 27 && format <= 36) ||
-         (format >= 45 && format <= 47) || (format >= 50 && format <= 58);
-}
-
-// Letters of date parts, but those of texts and of conditions: [Red]0.00" days".
-bool isDateCode(std::string_view code) {
-  char closing = 0;
-  for (const char character : code) {
-    if (closing != 0) {
-      if (character == closing) closing = 0;
-    } else if (character == '"') {
-      closing = '"';
-    } else if (character == '[') {
-      closing = ']';
-    } else if (std::string_view("ymdhsYMDHS").find(character) != std::string_view::npos) {
-      return true;
-    }
-  }
-  return false;
-}
 
 template <typename Number>
 std::optional<Number> parsed(std::string_view text) {
@@ -59,35 +36,55 @@ std::string printed(const char* format, Values... values) {
   return {text.data(), static_cast<std::size_t>(length)};
 }
 
-std::string date(double days, bool from1904) {
+// The day that the number stands for. The count from 1900 has a 29th of February in that year, as
+// a spreadsheet had that was to be compatible with (ECMA-376, 18.17.4.1).
+std::string dayText(long long days, bool from1904) {
   using namespace std::chrono;
-  constexpr int MINUTES_A_DAY = 24 * 60;
-  const double whole = std::floor(days);
-  const int minutes = static_cast<int>(std::lround((days - whole) * MINUTES_A_DAY));
-  auto time = printed("%02d:%02d", minutes / 60 % 24, minutes % 60);
-  if (days < 1) return time;
-  const sys_days first = from1904 ? sys_days{year{1904} / 1 / 1} : sys_days{year{1899} / 12 / 30};
-  const year_month_day day{first + std::chrono::days(static_cast<int>(whole))};
-  const auto text = printed("%04d-%02u-%02u", static_cast<int>(day.year()),
-                            static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
-  return minutes % MINUTES_A_DAY == 0 ? text : text + " " + time;
+  constexpr long long FALSE_DAY = 60;
+  if (!from1904 && days == FALSE_DAY) return "1900-02-29";
+  const sys_days from1900{year{1899} / 12 / (days < FALSE_DAY ? 31 : 30)};
+  const sys_days first = from1904 ? sys_days{year{1904} / 1 / 1} : from1900;
+  const year_month_day day{first + std::chrono::days(days)};
+  return printed("%04d-%02u-%02u", static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                 static_cast<unsigned>(day.day()));
+}
+
+std::string timeText(long long seconds, bool withSeconds) {
+  const auto text = printed("%02lld:%02lld", seconds / 3600, seconds / 60 % 60);
+  return withSeconds ? text + printed(":%02lld", seconds % 60) : text;
+}
+
+// To the second, as times that were computed lie a little beside it. Nothing for a day before the
+// first one.
+std::optional<std::string> dateText(double number, const NumberFormat& format, bool from1904) {
+  constexpr long long SECONDS_A_DAY = 86'400;
+  const long long seconds = std::llround(number * SECONDS_A_DAY);
+  const long long days = seconds / SECONDS_A_DAY;
+  if (format.isElapsed) return timeText(seconds, format.hasSeconds);
+  const auto time = timeText(seconds % SECONDS_A_DAY, format.hasSeconds);
+  if (!format.hasDate) return time;
+  const bool hasDay = days > 0 || from1904;
+  if (!hasDay) return format.hasTime ? std::optional(time) : std::nullopt;
+  const auto day = dayText(days, from1904);
+  return format.hasTime && seconds % SECONDS_A_DAY != 0 ? day + " " + time : day;
 }
 
 }  // namespace
 
 CellFormats::CellFormats(const ZipPart* styles, bool from1904) : from1904_(from1904) {
   if (styles == nullptr) return;
-  std::set<int> dateFormats;
+  std::map<int, NumberFormat> written;
   XmlReader xml(styles->bytes);
   bool isInCells = false;
   for (Event event = xml.next(); event < Event::finished; event = xml.next()) {
     const std::string_view name = event == Event::text ? std::string_view() : xml.name();
     if (name == "cellXfs") isInCells = event == Event::start;
     if (event != Event::start) continue;
-    const int format = parsed<int>(xml.attribute("numFmtId")).value_or(0);
-    if (name == "numFmt" && isDateCode(xml.attribute("formatCode"))) dateFormats.insert(format);
-    if (name == "xf" && isInCells && isDate_.size() < MOST_TABLE_ENTRIES) {
-      isDate_.push_back(isBuiltInDate(format) || dateFormats.contains(format));
+    const int number = parsed<int>(xml.attribute("numFmtId")).value_or(0);
+    if (name == "numFmt") written.emplace(number, numberFormat(xml.attribute("formatCode")));
+    if (name == "xf" && isInCells && formats_.size() < MOST_TABLE_ENTRIES) {
+      const auto found = written.find(number);
+      formats_.push_back(found == written.end() ? builtInNumberFormat(number) : found->second);
     }
   }
 }
@@ -96,8 +93,10 @@ std::string CellFormats::shown(std::string_view value, std::string_view style) c
   const auto number = parsed<double>(value);
   if (!number || !std::isfinite(*number)) return std::string(value);
   const auto index = parsed<std::size_t>(style);
-  const bool isDate = index && *index < isDate_.size() && isDate_[*index];
-  if (isDate && *number >= 0 && *number <= MOST_DAYS) return date(*number, from1904_);
+  const auto format = index && *index < formats_.size() ? formats_[*index] : NumberFormat();
+  if (format.isDate() && *number >= 0 && *number <= MOST_DAYS) {
+    if (auto text = dateText(*number, format, from1904_)) return *std::move(text);
+  }
   return printed("%.15g", *number);
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "extractor/number_format.h"
 #include "extractor/zip_parts.h"
 
 namespace norvast {
@@ -12,16 +13,17 @@ namespace norvast {
 class CellFormats {
  public:
   // Of the styles in `styles` (ECMA-376, 18.8), which may be nullptr. Days are counted from 1904
-  // when `from1904`, otherwise from 1899-12-30.
+  // when `from1904`, otherwise from 1900 as ECMA-376 does, 18.17.4.1.
   CellFormats(const ZipPart* styles, bool from1904);
 
-  // The number in `value` as a person would read it: "2026-03-01", "2026-03-01 14:30" or "14:30"
-  // where the style makes it a date, else with 15 digits at the most. `style` is the cell's style
-  // number as it is written in the file; empty for none. What is no number stays as it is.
+  // The number in `value` as a person would read it: "2026-03-01", "2026-03-01 14:30", "14:30:05"
+  // or "36:00" (hours) where the style shows that of it, else with 15 digits at the most. `style`
+  // is the cell's style number as it is written in the file; empty for none. What is no number
+  // stays as it is.
   std::string shown(std::string_view value, std::string_view style) const;
 
  private:
-  std::vector<bool> isDate_;  // by style number
+  std::vector<NumberFormat> formats_;  // by style number
   bool from1904_;
 };
 
