@@ -7,6 +7,7 @@
 #include "extractor/reading_bounds.h"
 #include "extractor/summary_properties.h"
 #include "platform/byte_order.h"
+#include "text/ascii.h"
 
 namespace norvast {
 namespace {
@@ -94,10 +95,10 @@ std::optional<CompoundFile> CompoundFile::open(std::string_view bytes) {
 }
 
 std::optional<std::uint32_t> CompoundFile::entryOf(std::string_view streamName) const {
-  const std::string wanted = utf16(streamName);
+  const std::string wanted = asciiLowerCase(utf16(streamName));
   for (const std::uint32_t number : entries_) {
     const Entry entry = content_->entry(number);
-    if (entry.type == STREAM_TYPE && entry.name == wanted) return number;
+    if (entry.type == STREAM_TYPE && asciiLowerCase(entry.name) == wanted) return number;
   }
   return std::nullopt;
 }

@@ -19,7 +19,7 @@ class CompoundFile {
   // The bytes outlive the file. Nothing when they are no compound file.
   static std::optional<CompoundFile> open(std::string_view bytes);
 
-  // Names are ASCII.
+  // Names are ASCII, and the same in capitals and small letters.
   bool hasStream(std::string_view name) const;
 
   // The stream of that name: its first MOST_STREAM_BYTES; nothing when there is none, or

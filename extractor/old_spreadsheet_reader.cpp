@@ -12,6 +12,7 @@
 #include "extractor/compound_file.h"
 #include "extractor/table_row.h"
 #include "extractor/workbook_file.h"
+#include "extractor/workbook_records.h"
 #include "text/utf8.h"
 
 namespace norvast {

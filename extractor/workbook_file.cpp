@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "extractor/compound_writing.h"
-#include "platform/byte_order.h"
+#include "extractor/workbook_records.h"
 #include "text/encoding.h"
 
 namespace norvast {
@@ -18,39 +18,8 @@ namespace {
 
 std::string* currentBytes = nullptr;
 
-// [MS-XLS] 2.1.4: each record is its type and its length, two bytes each, and that many bytes.
-constexpr std::size_t HEADER_BYTES = 4;
-constexpr std::uint32_t SHARED_TEXTS = 0x00FC;
-constexpr std::uint32_t PASSWORD = 0x002F;
-constexpr std::uint32_t SHEET_START = 0x0809;
-constexpr std::uint32_t SHEET_END = 0x000A;
-constexpr std::string_view UNREAD_TYPE("\xFF\0", 2);  // 0x00FF, of a record that speeds others up
-
 // The size from which on a stream has sectors of its own, and one more: no stream is too small.
 constexpr std::size_t PADDING_BYTES = 4096;
-
-bool isEmptyTable(std::string_view record) {
-  return littleEndianAt(record, 0, 2) == SHARED_TEXTS && record.size() == HEADER_BYTES + 8 &&
-         littleEndianAt(record, HEADER_BYTES + 4, 4) == 0;
-}
-
-// Sheets are known by their places in the stream: what is not to be seen keeps its size, as a
-// record of another type.
-std::string withoutObstacles(std::string stream) {
-  std::size_t at = 0;
-  std::size_t depth = 0;
-  while (stream.size() - at >= HEADER_BYTES) {
-    const std::size_t size = HEADER_BYTES + littleEndianAt(stream, at + 2, 2);
-    const std::string_view record = std::string_view(stream).substr(at, size);
-    const std::uint32_t type = littleEndianAt(record, 0, 2);
-    if (type == SHEET_START) ++depth;
-    const bool isChart = depth > 1;
-    if (type == SHEET_END && depth > 0) --depth;
-    if (isChart || isEmptyTable(record)) stream.replace(at, 2, UNREAD_TYPE);
-    at += std::min(size, stream.size() - at);
-  }
-  return stream;
-}
 
 // Of a code page "CP949", Windows' own encoding, where it differs from IBM's of that number.
 std::string nameOfEncoding(const std::string& name) {
@@ -73,19 +42,9 @@ WorkbookBytes::WorkbookBytes(std::string bytes) : bytes_(std::move(bytes)) {
 
 WorkbookBytes::~WorkbookBytes() { currentBytes = nullptr; }
 
-bool isEncryptedWorkbook(std::string_view stream) {
-  while (stream.size() >= HEADER_BYTES) {
-    const std::uint32_t type = littleEndianAt(stream, 0, 2);
-    if (type == PASSWORD || type == SHEET_END) return type == PASSWORD;
-    stream.remove_prefix(
-        std::min(HEADER_BYTES + std::size_t{littleEndianAt(stream, 2, 2)}, stream.size()));
-  }
-  return false;
-}
-
 std::string repackedWorkbook(std::string stream) {
   return compoundFileOf("Workbook",
-                        withoutObstacles(std::move(stream)) + std::string(PADDING_BYTES, '\0'));
+                        readableRecords(std::move(stream)) + std::string(PADDING_BYTES, '\0'));
 }
 
 }  // namespace norvast

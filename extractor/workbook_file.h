@@ -24,12 +24,8 @@ class WorkbookBytes {
   std::string bytes_;
 };
 
-// Whether the stream of records of an old workbook says that what follows is encrypted.
-bool isEncryptedWorkbook(std::string_view stream);
-
 // The stream of records of an old workbook in a compound file of its own, in the form that FreeXL
-// reads: it stumbles over streams below 4096 bytes, over the empty table of shared texts that
-// workbooks of numbers have, and over charts within a sheet.
+// reads: it stumbles over streams below 4096 bytes, and over some records (workbook_records.h).
 std::string repackedWorkbook(std::string stream);
 
 }  // namespace norvast
