@@ -7,6 +7,7 @@
 #include <string>
 
 #include "content/mcp_content.h"
+#include "text/ascii.h"
 #include "text/text_markup.h"
 
 namespace norvast {
@@ -118,6 +119,35 @@ bool hasMark(std::string_view bytes) {
          bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4));
 }
 
+// Whether the text is a mail that somebody saved: headers from `start` on, among them those that
+// every mail has, down to an empty line or the end of the telling bytes.
+bool isSavedMail(std::string_view bytes, std::size_t start = 0) {
+  constexpr std::string_view EVERY_MAIL[] = {"\nfrom:", "\ndate:", "\nsubject:"};
+  std::string headers = "\n";
+  bool hasEnd = false;
+  for (std::string_view rest = bytes.substr(start); !rest.empty() && !hasEnd;) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    hasEnd = line.empty() || line == "\r" || (rest.empty() && bytes.size() >= TELLING_BYTES);
+    const bool isMore = line.starts_with(' ') || line.starts_with('\t');
+    const std::size_t name = std::min(line.find_first_of(": \t"), line.size() - 1);
+    if (!hasEnd && !isMore && (name == 0 || line[name] != ':')) return false;
+    headers += asciiLowerCase(line) + "\n";
+  }
+  return hasEnd && std::all_of(std::begin(EVERY_MAIL), std::end(EVERY_MAIL),
+                               [&headers](std::string_view each) {
+                                 return headers.find(each) != std::string::npos;
+                               });
+}
+
+// The same behind the line with which a mailbox begins each mail.
+bool isSavedMailbox(std::string_view bytes) {
+  const std::size_t first = bytes.find('\n');
+  return bytes.starts_with("From ") && first != std::string_view::npos &&
+         isSavedMail(bytes, first + 1);
+}
+
 // Of a file whose extension says nothing.
 FileKind byContent(std::string_view bytes) {
   if (const auto kind = bySignature(bytes)) {
@@ -129,7 +159,7 @@ FileKind byContent(std::string_view bytes) {
   if (bytes.starts_with("From ") && bytes.find("\nDate:") != std::string_view::npos) {
     return {Way::document, "mailbox"};
   }
-  if (isMail(bytes)) return {Way::document, "mail"};
+  if (isMail(bytes) || isSavedMail(bytes)) return {Way::document, "mail"};
   const bool isBinary = bytes.find('\0') != std::string_view::npos && !hasMark(bytes);
   return {isBinary ? Way::none : Way::text, {}};
 }
@@ -159,6 +189,9 @@ FileKind fileKind(std::string_view extension, std::string_view leadingBytes) {
     return byContent(leadingBytes);
   }
   if (liesAboutText(kind, leadingBytes)) return {Way::lies, {}};
+  const bool maySaveMail = extension == "txt" || extension == "text";
+  if (maySaveMail && isSavedMail(leadingBytes)) return {Way::document, "mail"};
+  if (maySaveMail && isSavedMailbox(leadingBytes)) return {Way::document, "mailbox"};
   return {isText ? Way::text : Way::document, kind};
 }
 

@@ -67,6 +67,36 @@ TEST(PlainTextOfTheIndex, IsDecodedFromTheEncodingThatItHas) {
   }
 }
 
+TEST(DocumentReading, TakesASavedMailForAMail) {
+  const struct {
+    const char* name;
+    std::string bytes;
+    const char* method;
+  } rows[] = {
+      {"saved.txt", "From: Ann\r\nDate: today\r\nSubject: Pump\r\n\r\nIt leaks.\r\n", "mail"},
+      {"saved", "Subject: Pump\nX-A: b\n c\nfrom: Ann\ndate: today\n\nIt leaks.\n", "mail"},
+      {"long.txt",
+       "From: Ann\nDate: today\nSubject: Pump\nX-A: b" + std::string(9000, 'c') + "\n\nIt leaks.\n",
+       "mail"},
+      {"box.txt",
+       "From a@b Thu Jan  1\nFrom: Ann\nDate: today\nSubject: Pump\n\nIt leaks.\n\n"
+       "From a@b Thu Jan  1\nFrom: Ann\nSubject: Hose\n\nIt holds.\n",
+       "mail"},
+      {"letter.txt", "From: Ann\nSubject: Pump\n\nDate: today\n", "text"},
+      {"minutes.txt", "From: Ann\nDate: today\nSubject: Pump\nIt leaks.\n\n", "text"},
+      {"open.txt", "From: Ann\nDate: today\nSubject: Pump\nIt: leaks", "text"},
+      {"travel.txt", "From Ann\n\nIt leaks.\n", "text"},
+      {"saved.md", "From: Ann\nDate: today\nSubject: Pump\n\nIt leaks.\n", "text"},
+  };
+  const TestHome home;
+  for (const auto& row : rows) {
+    home.writeFile(home.path() / row.name, row.bytes);
+    const auto read = readDocument(home.path() / row.name);
+    const auto* document = std::get_if<Document>(&read);
+    EXPECT_EQ(document == nullptr ? NOTHING : document->method, row.method) << row.name;
+  }
+}
+
 // The workbook with its record of an encoding (type 0x42) made one of a password (0x2F).
 std::string lockedWorkbook() {
   std::string bytes = fileBytes(TEST_DATA "/documents/costs.xls");
