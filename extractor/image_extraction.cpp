@@ -8,6 +8,7 @@
 #include "extractor/heif_decoding.h"
 #include "extractor/image_decoding.h"
 #include "extractor/photo_facts.h"
+#include "extractor/photo_place.h"
 #include "extractor/text_recognition.h"
 #include "text/unicode.h"
 
@@ -28,7 +29,8 @@ std::string joined(const std::vector<std::string>& lines) {
 
 std::string factsOf(const FileMapping& file) {
   const std::string_view bytes = file.bytes();
-  return isHeif(bytes) ? photoSentence(heifExif(bytes)) : photoSentence(bytes);
+  const std::string place = photoPlace(bytes);
+  return isHeif(bytes) ? photoSentence(heifExif(bytes), place) : photoSentence(bytes, place);
 }
 
 Extracted readPhoto(TextRecognizer& recognizer, FileMapping file, std::size_t limitCharacters) {

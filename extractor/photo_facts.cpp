@@ -62,16 +62,18 @@ std::string caption(const Fields& fields) {
 
 }  // namespace
 
-std::string photoSentence(std::string_view bytes) {
-  const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-  const Fields fields(exif_data_new_from_data(data, static_cast<unsigned int>(bytes.size())));
+std::string photoSentence(std::string_view exif, std::string_view place) {
+  const auto* data = reinterpret_cast<const unsigned char*>(exif.data());
+  const Fields fields(exif_data_new_from_data(data, static_cast<unsigned int>(exif.size())));
   if (!fields) return {};
   const std::string taken = takenOn(field(fields, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL));
   const std::string shown = caption(fields);
   const std::string words = field(fields, EXIF_IFD_0, EXIF_TAG_XP_KEYWORDS);
-  if (taken.empty() && shown.empty() && words.empty()) return {};
+  if (taken.empty() && place.empty() && shown.empty() && words.empty()) return {};
   const std::string author = field(fields, EXIF_IFD_0, EXIF_TAG_ARTIST);
-  std::string sentence = "Photo" + (taken.empty() ? "" : " taken" + taken);
+  const bool isTaken = !taken.empty() || !place.empty();
+  std::string sentence = "Photo" + (isTaken ? " taken" + taken : "");
+  if (!place.empty()) sentence += " in " + std::string(place);
   if (!author.empty()) sentence += " by " + author;
   if (!shown.empty()) sentence += ": " + shown;
   if (!words.empty()) sentence += " (" + words + ")";

@@ -8,6 +8,7 @@
 #include "content/mcp_content.h"
 #include "extractor/first_frame.h"
 #include "tests/file_bytes.h"
+#include "tests/test_home.h"
 
 namespace norvast {
 namespace {
@@ -47,6 +48,31 @@ TEST(PhotoText, BeginsWithWhatTheCameraWrote) {
   const auto read = readDocument(PICTURES + "photograph.jpg");
   EXPECT_EQ(plainText(std::get<Document>(read)),
             "The harbour ferry leaves from pier seven every day at noon");
+}
+
+TEST(PhotoText, NamesThePlaceThatAProgramWroteDown) {
+  const struct {
+    const char* packet;
+    const char* sentence;
+  } rows[] = {
+      {"<x:xmpmeta xmlns:x='x' xmlns:p='p'><p:Description p:City=' Lisbon' p:Country='Portugal'/>"
+       "</x:xmpmeta>",
+       "Photo taken on 1 May 2024 at 12:30 in Lisbon, Portugal by Ana Müller: Harbour of Lisbon "
+       "(ferry;pier)"},
+      {"<x:xmpmeta xmlns:x='x' xmlns:p='p'><p:Country>Portugal</p:Country><p:Note>far</p:Note>"
+       "<p:City>Lisbon</p:City><p:Location>Alc&#xE2;ntara</p:Location><p:State/></x:xmpmeta>",
+       "Photo taken on 1 May 2024 at 12:30 in Alcântara, Lisbon, Portugal by Ana Müller: Harbour "
+       "of Lisbon (ferry;pier)"},
+      {"<x:xmpmeta xmlns:x='x' xmlns:p='p'><p:City>Lisbon</p:City>",
+       "Photo taken on 1 May 2024 at 12:30 by Ana Müller: Harbour of Lisbon (ferry;pier)"},
+  };
+  const TestHome home;
+  for (const auto& row : rows) {
+    home.writeFile(home.path() / "a.jpg", fileBytes(PICTURES + "caption.jpg") + row.packet);
+    const auto read = readDocument(home.path() / "a.jpg");
+    ASSERT_TRUE(std::holds_alternative<Document>(read)) << row.packet;
+    EXPECT_EQ(plainText(std::get<Document>(read)), row.sentence);
+  }
 }
 
 // Other formats than ours too, whether or not a library could read them.
