@@ -147,7 +147,8 @@ void RoffLines::skipDefinition(const RoffLine& line) {
 }
 
 bool RoffLines::holds(std::string_view condition) const {
-  if (condition.starts_with('!')) return !holds(condition.substr(1));
+  const std::size_t negations = std::min(condition.find_first_not_of('!'), condition.size());
+  if (negations > 0) return holds(condition.substr(negations)) == (negations % 2 == 0);
   if (condition == "n" || condition == "o" || condition == "\\n(.g" || condition == "\\n[.g]") {
     return true;
   }

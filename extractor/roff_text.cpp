@@ -7,8 +7,9 @@
 namespace norvast {
 namespace {
 
-// A string may refer to others, and to itself.
+// A string may refer to others, to many of them, and to itself.
 constexpr int MOST_STRINGS_WITHIN = 5;
+constexpr int MOST_STRINGS_A_LINE = 1000;
 
 // Of the values of all strings together, and of one line that refers to them.
 constexpr std::size_t MOST_STRINGS = 1000;
@@ -126,7 +127,7 @@ class Escapes {
 
   void string(int depth) {
     const std::string_view name = takeName();
-    if (depth == MOST_STRINGS_WITHIN) return;
+    if (depth == MOST_STRINGS_WITHIN || ++referred_ > MOST_STRINGS_A_LINE) return;
     const std::string_view rest = rest_;
     append(strings_.value(name.substr(0, name.find(' '))), depth + 1);
     rest_ = rest;
@@ -146,6 +147,7 @@ class Escapes {
   const RoffStrings& strings_;
   std::string_view rest_;
   std::string text_;
+  int referred_ = 0;
 };
 
 }  // namespace
