@@ -47,9 +47,7 @@ const char* programOf(std::string_view kind) {
     return "norvast_extract_page";
   }
   if (kind == "mail" || kind == "mailbox") return "norvast_extract_mail";
-  if (kind == "old-word" || kind == "old-office") return "norvast_extract_old_word";
-  const bool isOldOffice = kind == "old-spreadsheet" || kind == "old-presentation";
-  return isOldOffice ? "norvast_extract_old_office" : "norvast_extract_document";
+  return kind.starts_with("old-") ? "norvast_extract_old_office" : "norvast_extract_document";
 }
 
 IsolatedReader readerOf(std::string_view kind) {

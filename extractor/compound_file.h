@@ -1,45 +1,54 @@
 // Compound file: the streams in a file of the format in which older office programs keep theirs
-// ([MS-CFB]). Debian's library for it brings a dozen others, which took longer to load than a file
-// takes to read.
+// ([MS-CFB]).
 #pragma once
 
-#include <cstdint>
+#include <gsf/gsf-infile.h>
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "extractor/document_builder.h"
 
 namespace norvast {
 
+struct UnrefGObject {
+  void operator()(void* object) const { g_object_unref(object); }
+};
+template <typename Object>
+using OwnedGObject = std::unique_ptr<Object, UnrefGObject>;
+
 class CompoundFile {
  public:
+  // To be called once, before the process gives up opening files.
+  static void prepare();
+
   // The bytes outlive the file. Nothing when they are no compound file.
   static std::optional<CompoundFile> open(std::string_view bytes);
 
   // Names are ASCII, and the same in capitals and small letters.
-  bool hasStream(std::string_view name) const;
+  bool hasStream(const char* name) const;
 
-  // The stream of that name: its first MOST_STREAM_BYTES; nothing when there is none, or
-  // not all of it.
-  std::optional<std::string> stream(std::string_view name) const;
+  // The stream of that name, its first MOST_STREAM_BYTES; nothing when there is none.
+  std::optional<std::string> stream(const char* name) const;
 
-  // The folders whose names begin so, each as a file of its own, in the order of their names.
-  std::vector<CompoundFile> folders(std::string_view namePrefix) const;
+  // The folder with that index among the entries, as a file of its own; nothing when the entry is a
+  // stream or there is none. Its name stands in `entryName`.
+  std::optional<CompoundFile> folder(int index) const;
+  std::string entryName(int index) const;  // empty behind the last one
+  int entryCount() const { return gsf_infile_num_children(file_.get()); }
 
   // Title and author, where the file names them.
   void addProperties(DocumentBuilder& document) const;
 
  private:
-  struct Content;
+  explicit CompoundFile(GsfInfile* file) : file_(file) {}
 
-  CompoundFile(std::shared_ptr<const Content> content, std::uint32_t folder);
-  std::optional<std::uint32_t> entryOf(std::string_view streamName) const;
+  // The entry of that name, for the caller to own; null when there is none.
+  GsfInput* child(std::string_view name) const;
 
-  std::shared_ptr<const Content> content_;
-  std::vector<std::uint32_t> entries_;  // of this folder, by their places in the directory
+  OwnedGObject<GsfInfile> file_;
 };
 
 }  // namespace norvast

@@ -5,7 +5,6 @@
 
 #include "extractor/epub_reader.h"
 #include "extractor/opendocument_reader.h"
-#include "extractor/outlook_reader.h"
 #include "extractor/packed_reader.h"
 #include "extractor/presentation_reader.h"
 #include "extractor/spreadsheet_reader.h"
@@ -23,7 +22,6 @@ constexpr DocumentKind KINDS[] = {
     {"opendocument", readOpenDocument, prepareNothing},
     {"epub", readEpub, prepareNothing},
     {"packed", readPacked, preparePacked},
-    {"old-mail", readOutlookMail, prepareNothing},
 };
 
 }  // namespace

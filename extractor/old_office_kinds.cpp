@@ -3,17 +3,22 @@
 #include <algorithm>
 #include <iterator>
 
+#include "extractor/compound_file.h"
+#include "extractor/old_office_reader.h"
 #include "extractor/old_presentation_reader.h"
 #include "extractor/old_spreadsheet_reader.h"
+#include "extractor/old_word_reader.h"
+#include "extractor/outlook_reader.h"
 
 namespace norvast {
 namespace {
 
-void prepareNothing() {}
-
 constexpr DocumentKind KINDS[] = {
-    {"old-spreadsheet", readOldSpreadsheet, prepareNothing},
-    {"old-presentation", readOldPresentation, prepareNothing},
+    {"old-word", readOldWord, prepareOldWord},
+    {"old-spreadsheet", readOldSpreadsheet, prepareOldSpreadsheet},
+    {"old-presentation", readOldPresentation, CompoundFile::prepare},
+    {"old-office", readOldOffice, prepareOldOffice},
+    {"old-mail", readOutlookMail, CompoundFile::prepare},
 };
 
 }  // namespace

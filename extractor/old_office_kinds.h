@@ -1,5 +1,5 @@
-// Old office kinds: the readers of Excel's and PowerPoint's files before 2007, which have a program
-// of their own: a library takes fopen and iconv for itself.
+// Old office kinds: the readers of the files of older office programs, which have a program of
+// their own: one of their libraries takes fopen for itself, and another is old.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,8 @@
 
 namespace norvast {
 
-// The kind of that name ("old-spreadsheet", "old-presentation"), or nullptr.
+// The kind of that name ("old-word", "old-spreadsheet", "old-presentation", "old-mail", or
+// "old-office" for any of them), or nullptr.
 const DocumentKind* oldOfficeKind(std::string_view name);
 
 }  // namespace norvast

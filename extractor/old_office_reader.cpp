@@ -33,6 +33,11 @@ constexpr TellingStream STREAMS[] = {
 
 }  // namespace
 
+void prepareOldOffice() {
+  prepareOldWord();
+  prepareOldSpreadsheet();
+}
+
 ReadDocument readOldOffice(std::string_view bytes, std::size_t limitCharacters) {
   const auto file = CompoundFile::open(bytes);
   if (!file) return ReadFailure::decodingFailed;

@@ -8,8 +8,11 @@
 
 namespace norvast {
 
+// To be called once, before the process gives up opening files.
+void prepareOldOffice();
+
 // What the reader of its kind makes of the file; that shows in the names of its streams. noReader
-// when it is of none of them, encrypted when the file in it is. prepareOldWord first.
+// when it is of none of them, encrypted when the file in it is.
 ReadDocument readOldOffice(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast

@@ -10,7 +10,7 @@ namespace norvast {
 
 // Slides in the order in which they are shown, each a part ("Slide 3"): titles as headings, then
 // the paragraphs of its outline and its text boxes, then the speaker's notes. Of a file that was
-// saved several times, the last state.
+// saved several times, the last state. CompoundFile::prepare first.
 ReadDocument readOldPresentation(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast

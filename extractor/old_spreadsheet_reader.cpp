@@ -1,6 +1,7 @@
 #include "extractor/old_spreadsheet_reader.h"
 
 #include <freexl.h>
+#include <iconv.h>
 
 #include <array>
 #include <charconv>
@@ -19,6 +20,12 @@ namespace norvast {
 namespace {
 
 using Kind = DocumentBlock::Kind;
+
+// Encodings of workbooks, whose converters the C library would load at their first use.
+constexpr const char* ENCODINGS[] = {"UTF-16LE", "CP1250", "CP1251", "CP1252", "CP1253",
+                                     "CP1254",   "CP1255", "CP1256", "CP1257", "CP1258",
+                                     "CP437",    "CP850",  "CP852",  "CP866",  "CP874",
+                                     "CP932",    "CP936",  "CP949",  "CP950",  "MACINTOSH"};
 
 struct CloseWorkbook {
   void operator()(const void* workbook) const { (void)freexl_close(workbook); }
@@ -79,6 +86,12 @@ void addSheet(const Workbook& workbook, unsigned short sheet, DocumentBuilder& d
 }
 
 }  // namespace
+
+void prepareOldSpreadsheet() {
+  CompoundFile::prepare();
+  // Never closed, so that what they loaded stays.
+  for (const char* encoding : ENCODINGS) (void)iconv_open("UTF-8", encoding);
+}
 
 ReadDocument readOldSpreadsheet(std::string_view bytes, std::size_t limitCharacters) {
   const auto file = CompoundFile::open(bytes);

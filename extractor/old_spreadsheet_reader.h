@@ -8,6 +8,9 @@
 
 namespace norvast {
 
+// To be called once, before the process gives up opening files.
+void prepareOldSpreadsheet();
+
 // Sheets in their order, each a part by its name, with its rows: values, formulas by their last
 // result, dates as 2026-03-01 where the cell's format is one of the program's own.
 ReadDocument readOldSpreadsheet(std::string_view bytes, std::size_t limitCharacters);

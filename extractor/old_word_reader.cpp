@@ -1,11 +1,9 @@
 #include "extractor/old_word_reader.h"
 
 #include <gsf/gsf-input-memory.h>
-#include <gsf/gsf-utils.h>
 #include <wv/wv.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -150,21 +148,17 @@ int onElement(wvParseStruct* file, wvTag tag, void* properties, int /*isChanged*
 
 int onDocument(wvParseStruct* /*file*/, wvTag /*tag*/) { return 0; }
 
-struct UnrefGObject {
-  void operator()(GsfInput* object) const { g_object_unref(object); }
-};
-
 }  // namespace
 
 void prepareOldWord() {
-  gsf_init();
+  CompoundFile::prepare();
   (void)wvInit();
 }
 
 ReadDocument readOldWord(std::string_view bytes, std::size_t limitCharacters) {
   DocumentBuilder document("Word 97", limitCharacters);
   if (const auto file = CompoundFile::open(bytes)) file->addProperties(document);
-  const std::unique_ptr<GsfInput, UnrefGObject> input(gsf_input_memory_new(
+  const OwnedGObject<GsfInput> input(gsf_input_memory_new(
       reinterpret_cast<const guint8*>(bytes.data()), static_cast<gsf_off_t>(bytes.size()), FALSE));
   // What it comes to own lives until the process ends, as after a reading that failed it must.
   static wvParseStruct file;

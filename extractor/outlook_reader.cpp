@@ -32,7 +32,7 @@ constexpr const char* ATTACHED_FILE = "3707";
 constexpr const char* ATTACHED_SHORT_NAME = "3704";
 
 std::optional<std::string> stream(const CompoundFile& file, const char* name, const char* type) {
-  return file.stream("__substg1.0_" + std::string(name) + type);
+  return file.stream(("__substg1.0_" + std::string(name) + type).c_str());
 }
 
 // As "2026-03-02 09:00" in universal time.
@@ -90,10 +90,13 @@ void addBody(const CompoundFile& file, DocumentBuilder& document) {
 }
 
 void addAttachments(const CompoundFile& file, DocumentBuilder& document) {
-  for (const CompoundFile& attachment : file.folders("__attach_version1.0_")) {
-    const std::string name = property(attachment, ATTACHED_FILE);
+  for (int entry = 0; entry < file.entryCount(); ++entry) {
+    if (!file.entryName(entry).starts_with("__attach_version1.0_")) continue;
+    const auto attachment = file.folder(entry);
+    if (!attachment) continue;
+    const std::string name = property(*attachment, ATTACHED_FILE);
     addDetail(document,
-              "Attachment: ", name.empty() ? property(attachment, ATTACHED_SHORT_NAME) : name);
+              "Attachment: ", name.empty() ? property(*attachment, ATTACHED_SHORT_NAME) : name);
   }
 }
 

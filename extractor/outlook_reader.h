@@ -9,7 +9,7 @@
 namespace norvast {
 
 // The subject as title, the sender as author; sender, recipients, date and attachments by name as
-// details; the plain text, or where there is none that of the page.
+// details; the plain text, or where there is none that of the page. CompoundFile::prepare first.
 ReadDocument readOutlookMail(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast

@@ -10,9 +10,8 @@ namespace norvast {
 // The name under which the current WorkbookBytes are opened, with fopen alone.
 inline constexpr const char* WORKBOOK_NAME = "workbook";
 
-// While it lives, fopen gives what it holds under WORKBOOK_NAME, for reading, and iconv converts
-// whole texts to UTF-8 alone. In a program that links this, fopen opens nothing else. One at a
-// time.
+// While it lives, fopen gives what it holds under WORKBOOK_NAME, for reading. In a program that
+// links this, fopen opens nothing else. One at a time.
 class WorkbookBytes {
  public:
   explicit WorkbookBytes(std::string bytes);

@@ -1,5 +1,6 @@
 // Any bytes, in the readers of older office programs' files that look into them themselves. Word
 // and Excel files are left to libraries.
+#include "extractor/compound_file.h"
 #include "extractor/old_presentation_reader.h"
 #include "extractor/outlook_reader.h"
 #include "fuzz/document_rules.h"
@@ -7,6 +8,8 @@
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace norvast;
   constexpr std::size_t LIMIT = 2000;
+  static const bool IS_PREPARED = (CompoundFile::prepare(), true);
+  mustHold(IS_PREPARED);
   mustKeepTheRules(readOldPresentation(textOf(bytes, size), LIMIT), LIMIT);
   mustKeepTheRules(readOutlookMail(textOf(bytes, size), LIMIT), LIMIT);
   return 0;
