@@ -7,29 +7,28 @@
 
 #include "companion/command_output.h"
 #include "companion/path_range.h"
+#include "companion/unfinished_removals.h"
 #include "store/statement.h"
 #include "store/transaction.h"
 
 namespace norvast {
 namespace {
 
-// Does `change` with the decisions as they stand, which it brings up to date itself.
-template <typename Change>
-DecisionChange inTransaction(CurrentDecisions& current, Change change) {
-  DecisionChange result;
-  Transaction transaction(current.index());
-  Decisions* decisions = transaction ? current.get() : nullptr;
-  if (decisions != nullptr && change(*decisions, result) && transaction.commit()) return result;
-  current.forget();
-  return {0, {}, current.index().lastFailure()};
-}
-
-// As above, and lets clients see the files at and below the path accordingly.
+// Does `change` with the decisions as they stand, which it brings up to date itself, and lets
+// clients see the files at and below the path accordingly.
 template <typename Change>
 DecisionChange inTransaction(CurrentDecisions& current, const std::string& path, Change change) {
-  return inTransaction(current, [&](Decisions& decisions, DecisionChange& result) {
-    return change(decisions, result) && bringExposureInLine(current.index(), decisions.rules, path);
-  });
+  const Connection& index = current.index();
+  DecisionChange result;
+  Transaction transaction(index);
+  Decisions* decisions = transaction ? current.get() : nullptr;
+  if (decisions != nullptr && change(*decisions, result) &&
+      bringExposureInLine(index, decisions->rules, path) && hideUnfinished(index, *decisions) &&
+      transaction.commit()) {
+    return result;
+  }
+  current.forget();
+  return {0, {}, index.lastFailure()};
 }
 
 RuleKind kindOf(Nomination nomination) {
@@ -133,23 +132,6 @@ bool dropWithin(const Connection& index, Decisions& decisions, const std::string
   return !isReached || setRule(index, decisions, {path, RuleKind::leftOut}, result);
 }
 
-// What no root holds any more is shown to nobody, whatever rules there are further out.
-bool hideUnindexed(const Connection& index, const Decisions& decisions, const std::string& path) {
-  const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM mcp_exposure WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
-  std::vector<std::string> hidden;
-  while (statement.step()) {
-    std::string file = statement.text(0);
-    if (!decisions.isIndexed(file)) hidden.push_back(std::move(file));
-  }
-  ExposureWriter exposure(index);
-  return statement.isDone() &&
-         std::all_of(hidden.begin(), hidden.end(), [&exposure](const std::string& file) {
-           return exposure.write(file, std::nullopt);
-         });
-}
-
 }  // namespace
 
 DecisionChange addRoot(CurrentDecisions& current, const std::string& path,
@@ -179,10 +161,8 @@ DecisionChange decide(CurrentDecisions& current, const Rule& rule) {
 
 DecisionChange leaveOut(CurrentDecisions& current, const std::string& path) {
   const Connection& index = current.index();
-  return inTransaction(current, [&](Decisions& decisions, DecisionChange& result) {
-    return dropWithin(index, decisions, path, result) &&
-           bringExposureInLine(index, decisions.rules, path) &&
-           hideUnindexed(index, decisions, path);
+  return inTransaction(current, path, [&](Decisions& decisions, DecisionChange& result) {
+    return dropWithin(index, decisions, path, result) && noteRemoval(index, path);
   });
 }
 

@@ -17,6 +17,7 @@
 #include "companion/progress.h"
 #include "companion/reading_order.h"
 #include "companion/reembedding.h"
+#include "companion/unfinished_removals.h"
 #include "store/settings.h"
 #include "store/statement.h"
 
@@ -71,7 +72,8 @@ class Indexing {
       report_.obstacle = index_.lastFailure();
       return std::move(report_);
     }
-    settleScheme();
+    finishRemovals();
+    if (!report_.obstacle) settleScheme();
     for (const std::string& path : paths) {
       for (const RootPlace& place : placesWithin(*decisions, path)) {
         if (!report_.obstacle) index(*decisions, place);
@@ -82,6 +84,16 @@ class Indexing {
   }
 
  private:
+  void finishRemovals() {
+    const auto paths = unfinishedRemovals(index_);
+    if (!paths) report_.obstacle = index_.lastFailure();
+    for (const std::string& path : paths.value_or(std::vector<std::string>())) {
+      const IndexingReport done = removeUnindexed(index_, path);
+      report_.removed += done.removed;
+      if (!report_.obstacle) report_.obstacle = done.obstacle;
+    }
+  }
+
   // Before any vector is written: those in the index are then of the same scheme.
   void settleScheme() {
     if (!sentence_) return;
@@ -283,6 +295,8 @@ IndexingReport removeUnindexed(const Connection& index, const std::string& path)
     report.obstacle = index.lastFailure();
   } else if (!writing.remove(unindexed, report.removed)) {
     report.obstacle = writing.obstacle;
+  } else if (!strikeRemoval(index, path)) {
+    report.obstacle = index.lastFailure();
   }
   return report;
 }

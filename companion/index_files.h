@@ -41,7 +41,8 @@ struct IndexingReport {
 enum class Selection { changed, all };
 
 // Indexes the files at and below each path, as far as they lie in a root and no rule leaves them
-// out, and removes the rows of files that are gone from there. A path is absolute and free of
+// out, and removes the rows of files that are gone from there. Finishes before what a removal that
+// was killed left (companion/unfinished_removals.h). A path is absolute and free of
 // links: a root, a file or folder within one, which may be gone, or a folder that holds roots. What
 // lies in a folder that cannot be read is kept. What was withheld or left out is so where it was
 // moved to, as well.
@@ -64,7 +65,7 @@ IndexingReport rehearseIndexing(const Connection& scratch,
                                 const std::vector<std::string>& paths, Selection selection);
 
 // Removes the rows of all files at or below the path that are not to be indexed, in batches as
-// above. Adds up what was removed.
+// above, which finishes a removal that was noted for it. Adds up what was removed.
 IndexingReport removeUnindexed(const Connection& index, const std::string& path);
 
 }  // namespace norvast

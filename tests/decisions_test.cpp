@@ -161,6 +161,20 @@ TEST_F(DecisionsTest, HoldInRootsWithinRoots) {
   EXPECT_EQ(shown().size(), 2U);
 }
 
+// As a command leaves the index that is killed behind its decision, before it removed any file.
+TEST_F(DecisionsTest, HideWhatAKilledRemovalLeft) {
+  run("add", "private old");
+  home.execute(
+      "DELETE FROM root WHERE path LIKE '%/private';"
+      "INSERT INTO setting SELECT 'removing ' || path || '/private', '' FROM "
+      "(SELECT substr(path, 1, length(path) - 4) AS path FROM root)");
+  run("nominate", "private");
+  EXPECT_EQ(shown(), Rows());
+  run("update", "");
+  EXPECT_EQ(home.query("SELECT name FROM file"), Rows{"x"});
+  EXPECT_EQ(home.query("SELECT 1 FROM setting WHERE name LIKE 'removing%'"), Rows());
+}
+
 TEST_F(DecisionsTest, LeaveOutWhatMatchesIsIgnoredOrACache) {
   for (const char* name : {"r/build/b", "r/x.log", "r/kept.log", "cache/c", "nocache/c", "t.tmp",
                            "drafts/d.txt", "drafts/x/e.txt"}) {
