@@ -155,6 +155,7 @@ FileKind byContent(std::string_view bytes) {
   }
   const TextMarkup markup = markupOf(bytes);
   if (markup == TextMarkup::html) return {Way::document, "html"};
+  if (markup == TextMarkup::postScript) return {Way::none, {}};
   if (markup == TextMarkup::manual) return {Way::document, "manual"};
   if (bytes.starts_with("From ") && bytes.find("\nDate:") != std::string_view::npos) {
     return {Way::document, "mailbox"};

@@ -9,6 +9,7 @@
 #include "extractor/html_reader.h"
 #include "extractor/manual_reader.h"
 #include "extractor/reading_bounds.h"
+#include "extractor/xml_document_reader.h"
 #include "text/encoding.h"
 #include "text/text_markup.h"
 
@@ -68,8 +69,13 @@ ReadDocument readOneText(archive* reader, std::size_t packedBytes, std::size_t l
   if (unpacked == Unpacked::outOfProportion) return ReadFailure::tooLarge;
   if (bytes.find('\0') != std::string::npos) return ReadFailure::noReader;
   const TextMarkup markup = markupOf(bytes);
+  if (markup == TextMarkup::postScript) return ReadFailure::noReader;
   if (markup == TextMarkup::html) return readHtml(bytes, limitCharacters);
   if (markup == TextMarkup::manual) return readManual(bytes, limitCharacters);
+  if (markup == TextMarkup::xml) {
+    auto document = readXml(bytes, limitCharacters);
+    if (std::holds_alternative<Document>(document)) return document;
+  }
   const auto text = decodedText(bytes, unpacked == Unpacked::cut ? Extent::leading : Extent::whole);
   if (!text) return ReadFailure::unreadableEncoding;
   DocumentBuilder document("text", limitCharacters);

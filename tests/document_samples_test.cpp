@@ -134,6 +134,7 @@ TEST(DocumentReading, SaysWhyThereIsNoText) {
         5},
        ReadFailure::noReader},
       {"thumbnails", nothingKnown(), ReadFailure::noReader},
+      {"drawing.ps", "%!PS-Adobe-3.0\n(Pump) show\n", ReadFailure::noReader},
       {"plain.key", "Plain", ReadFailure::noReader},
       {"cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},
       {"cut.xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", ReadFailure::decodingFailed},

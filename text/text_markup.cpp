@@ -30,6 +30,8 @@ bool isManual(std::string_view bytes) {
 
 TextMarkup markupOf(std::string_view bytes) {
   if (isPage(bytes)) return TextMarkup::html;
+  if (bytes.starts_with("<?xml")) return TextMarkup::xml;
+  if (bytes.starts_with("%!PS")) return TextMarkup::postScript;
   return isManual(bytes) ? TextMarkup::manual : TextMarkup::none;
 }
 
