@@ -291,13 +291,9 @@ IndexingReport removeUnindexed(const Connection& index, const std::string& path)
     if (!decisions->isIndexed(file)) unindexed.push_back(std::move(file));
   }
   BatchWriting writing(index);
-  if (!statement.isDone()) {
-    report.obstacle = index.lastFailure();
-  } else if (!writing.remove(unindexed, report.removed)) {
-    report.obstacle = writing.obstacle;
-  } else if (!strikeRemoval(index, path)) {
-    report.obstacle = index.lastFailure();
-  }
+  const bool isDone =
+      statement.isDone() && writing.remove(unindexed, report.removed) && strikeRemoval(index, path);
+  if (!isDone) report.obstacle = writing.obstacle ? writing.obstacle : index.lastFailure();
   return report;
 }
 
