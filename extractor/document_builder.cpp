@@ -102,14 +102,15 @@ void DocumentBuilder::setAuthor(std::string_view author) {
 }
 
 void DocumentBuilder::add(DocumentBlock::Kind kind, std::string_view text) {
-  append({kind, valid(collapsed(text))});
+  append({kind, collapsed(text)});
 }
 
 void DocumentBuilder::addLines(DocumentBlock::Kind kind, std::string_view text) {
-  append({kind, valid(cleanLines(text))});
+  append({kind, cleanLines(text)});
 }
 
 void DocumentBuilder::append(DocumentBlock block) {
+  block.text = valid(std::move(block.text));
   block.text.resize(takeScalars(block.text, left_).size());
   if (!block.text.empty()) document_.blocks.push_back(std::move(block));
 }

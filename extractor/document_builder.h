@@ -29,7 +29,7 @@ class DocumentBuilder {
   // The same, but the text's line breaks, tabs and indentation stay as they are.
   void addLines(DocumentBlock::Kind kind, std::string_view text);
 
-  // Adds a block of another document as it is.
+  // Adds a block as it is, but for invalid UTF-8.
   void append(DocumentBlock block);
 
   // True when nothing more is taken: the reader may stop.

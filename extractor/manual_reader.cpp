@@ -1,6 +1,7 @@
 #include "extractor/manual_reader.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -166,7 +167,7 @@ class ManualText {
         return append("[" + shownWords(arguments, " ") + "]");
       case Action::table:
         endParagraph();
-        return addRoffTable(lines_, document_);
+        return goOn(addRoffTable(lines_, document_));
       case Action::equation:
         return skipEquation();
       case Action::spacing:
@@ -232,8 +233,14 @@ class ManualText {
   }
 
   void skipEquation() {
-    for (auto line = lines_.next(); line && line->request != "EN"; line = lines_.next()) {
-    }
+    auto line = lines_.next();
+    while (line && line->request != "EN" && !line->isSection()) line = lines_.next();
+    goOn(line);
+  }
+
+  // With the line that a table or an equation ended at: its own end, or what it left open.
+  void goOn(const std::optional<RoffLine>& line) {
+    if (line && line->isSection()) takeMacro(*line);
   }
 
   RoffLines lines_;

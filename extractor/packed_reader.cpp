@@ -71,9 +71,9 @@ ReadDocument readOneText(archive* reader, std::size_t packedBytes, std::size_t l
   const TextMarkup markup = markupOf(bytes);
   if (markup == TextMarkup::postScript) return ReadFailure::noReader;
   if (markup == TextMarkup::html) return readHtml(bytes, limitCharacters);
-  if (markup == TextMarkup::manual) return readManual(bytes, limitCharacters);
-  if (markup == TextMarkup::xml) {
-    auto document = readXml(bytes, limitCharacters);
+  if (markup == TextMarkup::manual || markup == TextMarkup::xml) {
+    const auto read = markup == TextMarkup::manual ? readManual : readXml;
+    auto document = read(bytes, limitCharacters);
     if (std::holds_alternative<Document>(document)) return document;
   }
   const auto text = decodedText(bytes, unpacked == Unpacked::cut ? Extent::leading : Extent::whole);

@@ -8,6 +8,9 @@
 namespace norvast {
 namespace {
 
+// Each is taken from the rest of its line.
+constexpr int MOST_CONDITIONS_A_LINE = 100;
+
 // Where a comment begins, or the line ends: \" or \#, but not behind a backslash of its own.
 std::size_t commentAt(std::string_view line) {
   for (std::size_t at = line.find('\\'); at != std::string_view::npos; at = line.find('\\', at)) {
@@ -99,15 +102,18 @@ std::string RoffLines::joinedLine() {
   std::string joined;
   while (const auto line = nextRaw()) {
     const std::size_t comment = commentAt(*line);
-    joined += line->substr(0, comment);
-    if (comment < line->size() || !endsWithEscape(joined)) break;
+    const std::string_view shown = line->substr(0, comment);
+    joined += shown;
+    if (comment < line->size() || !endsWithEscape(shown)) break;
     joined.pop_back();
   }
   return joined;
 }
 
 std::optional<RoffLine> RoffLines::next() {
-  while (pending_ || !rest_.empty()) {
+  for (int conditions = 0; pending_ || !rest_.empty();) {
+    conditions = pending_ ? conditions + 1 : 0;
+    if (conditions > MOST_CONDITIONS_A_LINE) pending_.emplace();
     RoffLine line = lineOf(pending_ ? *std::exchange(pending_, std::nullopt) : joinedLine());
     if (line.request == ".") continue;
     if (isDefinition(line.request)) {
@@ -129,7 +135,8 @@ void RoffLines::define(const RoffLine& line) {
   const std::string_view name = firstWord(line.rest);
   std::string_view value = withoutBlanksBefore(std::string_view(line.rest).substr(name.size()));
   if (value.starts_with('"')) value.remove_prefix(1);
-  strings_.define(name, value);
+  const std::string_view before = line.request == "as" ? strings_.value(name) : std::string_view();
+  strings_.define(name, std::string(before) + std::string(value));
 }
 
 // Up to "..", or to the request that is named behind the macro.

@@ -15,6 +15,11 @@ namespace norvast {
 struct RoffLine {
   std::string request;  // or macro, as "SH"; empty for a line of text
   std::string rest;     // the line behind it, its escape sequences as they stand
+
+  // Whether a section of a manual begins with it, which nothing within another goes over.
+  bool isSection() const {
+    return request == "SH" || request == "SS" || request == "Sh" || request == "Ss";
+  }
 };
 
 class RoffLines {

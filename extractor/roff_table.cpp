@@ -5,6 +5,7 @@
 
 #include "extractor/table_row.h"
 #include "text/ascii.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
@@ -36,7 +37,7 @@ class RoffTable {
     constexpr std::string_view OPTION = "tab(";
     const std::size_t option = line.find(OPTION);
     const bool isOption = line.ends_with(';') && option != std::string_view::npos;
-    if (isOption) separator_ = line[option + OPTION.size()];
+    if (isOption) separator_ = firstCharacter(line.substr(option + OPTION.size()));
     isFormat_ = !line.ends_with('.');
   }
 
@@ -51,7 +52,7 @@ class RoffTable {
     const std::string_view behind = std::string_view(line.rest).substr(2);
     if (!behind.starts_with(separator_)) return finish();
     row_.startCell();
-    takeCells(behind.substr(1));
+    takeCells(behind.substr(separator_.size()));
   }
 
   void takeCells(std::string_view line) {
@@ -65,27 +66,29 @@ class RoffTable {
       if (!isRule) row_.add(shownText(cell, strings_));
       if (isLast) return finish();
       row_.startCell();
-      line.remove_prefix(end + 1);
+      line.remove_prefix(end + separator_.size());
     }
   }
 
   const RoffStrings& strings_;
   DocumentBuilder& document_;
   TableRow row_;
-  char separator_ = '\t';
+  std::string separator_ = "\t";
   bool isFormat_ = true;
   bool isInBlock_ = false;
 };
 
 }  // namespace
 
-void addRoffTable(RoffLines& lines, DocumentBuilder& document) {
+std::optional<RoffLine> addRoffTable(RoffLines& lines, DocumentBuilder& document) {
   RoffTable table(lines.strings(), document);
-  for (auto line = lines.next(); line && line->request != "TE" && !document.isFull();
+  auto line = lines.next();
+  for (; line && line->request != "TE" && !line->isSection() && !document.isFull();
        line = lines.next()) {
     table.take(*line);
   }
   table.finish();
+  return line;
 }
 
 }  // namespace norvast

@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "extractor/roff_characters.h"
+#include "text/utf8.h"
 
 namespace norvast {
 namespace {
 
 // A string may refer to others, to many of them, and to itself.
 constexpr int MOST_STRINGS_WITHIN = 5;
-constexpr int MOST_STRINGS_A_LINE = 1000;
+constexpr std::size_t MOST_REFERENCES = 500'000;
 
 // Of the values of all strings together, and of one line that refers to them.
 constexpr std::size_t MOST_STRINGS = 1000;
@@ -51,10 +52,16 @@ class Escapes {
     return taken;
   }
 
+  std::string_view takeCharacter() { return take(firstCharacter(rest_).size()); }
+
   // "x", "(xx" or "[any length]".
   std::string_view takeName() {
-    if (rest_.starts_with('(')) return take(3).substr(1);
-    if (!rest_.starts_with('[')) return take(1);
+    if (rest_.starts_with('(')) {
+      (void)take(1);
+      const std::size_t first = firstCharacter(rest_).size();
+      return take(first + firstCharacter(rest_.substr(first)).size());
+    }
+    if (!rest_.starts_with('[')) return takeCharacter();
     const std::string_view name = take(rest_.find(']')).substr(1);
     (void)take(1);
     return name;
@@ -62,10 +69,10 @@ class Escapes {
 
   // What stands between two equal characters: 'any length'.
   std::string_view takeQuoted() {
-    const std::string_view mark = take(1);
+    const std::string_view mark = takeCharacter();
     if (mark.empty()) return {};
     const std::string_view quoted = take(std::min(rest_.find(mark), rest_.size()));
-    (void)take(1);
+    (void)takeCharacter();
     return quoted;
   }
 
@@ -127,7 +134,7 @@ class Escapes {
 
   void string(int depth) {
     const std::string_view name = takeName();
-    if (depth == MOST_STRINGS_WITHIN || ++referred_ > MOST_STRINGS_A_LINE) return;
+    if (depth == MOST_STRINGS_WITHIN) return;
     const std::string_view rest = rest_;
     append(strings_.value(name.substr(0, name.find(' '))), depth + 1);
     rest_ = rest;
@@ -147,7 +154,6 @@ class Escapes {
   const RoffStrings& strings_;
   std::string_view rest_;
   std::string text_;
-  int referred_ = 0;
 };
 
 }  // namespace
@@ -162,6 +168,7 @@ void RoffStrings::define(std::string_view name, std::string_view value) {
 }
 
 std::string_view RoffStrings::value(std::string_view name) const {
+  if (++references_ > MOST_REFERENCES) return {};
   if (const auto found = known().find(name); found != known().end()) return found->second;
   const auto found = values_.find(name);
   return found == values_.end() ? std::string_view() : found->second;

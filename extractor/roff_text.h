@@ -1,6 +1,7 @@
 // Roff text: what a line of roff shows, once its escape sequences are carried out.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <string>
@@ -18,10 +19,12 @@ class RoffStrings {
   void define(std::string_view name, std::string_view value);
   bool isDefined(std::string_view name) const;
 
-  // Empty when there is none of that name.
+  // Empty when there is none of that name, and when a text has referred to so many that it means
+  // to take for ever.
   std::string_view value(std::string_view name) const;
 
  private:
+  mutable std::size_t references_ = 0;
   std::map<std::string, std::string, std::less<>> values_;
 };
 

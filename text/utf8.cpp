@@ -85,6 +85,14 @@ void appendUtf8(std::string& text, char32_t scalar) {
   byte(0x80 | (scalar & 0x3F));
 }
 
+std::string_view firstCharacter(std::string_view text) {
+  std::size_t length = std::min<std::size_t>(text.size(), 1);
+  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
+    ++length;
+  }
+  return text.substr(0, length);
+}
+
 std::string repairUtf8(std::string bytes) {
   if (validUtf8Length(bytes) == bytes.size()) return bytes;
   std::string repaired;

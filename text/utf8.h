@@ -23,6 +23,10 @@ std::string_view firstBytes(std::string_view utf8, std::size_t limit);
 // Appends the character with that number, which must not be a surrogate or beyond U+10FFFF.
 void appendUtf8(std::string& text, char32_t scalar);
 
+// The first character of a text with all bytes that continue it; empty for an empty text. Of
+// invalid bytes as many as look like that.
+std::string_view firstCharacter(std::string_view text);
+
 // The bytes as valid UTF-8: each maximal invalid part replaced by one U+FFFD, all else unchanged.
 std::string repairUtf8(std::string bytes);
 
