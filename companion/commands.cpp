@@ -120,6 +120,7 @@ ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
     if (follow == Follow::no || !std::cout) return ExitStatus::done;
     std::this_thread::sleep_for(BETWEEN_LOOKS);
     events = eventsAfter(*store, number);
+    if (!events && store->rdb.isHeldElsewhere()) events.emplace();  // and looks again
   }
 }
 

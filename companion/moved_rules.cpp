@@ -8,6 +8,7 @@
 #include "companion/decisions.h"
 #include "companion/exposure.h"
 #include "companion/path_range.h"
+#include "companion/unfinished_removals.h"
 #include "platform/file_identity.h"
 #include "store/statement.h"
 #include "store/transaction.h"
@@ -82,7 +83,9 @@ std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const 
     decisions->rules.set(rule.path, rule.kind);
     moved.push_back({from + rule.path.substr(to.size()), std::move(rule)});
   }
-  if (!bringExposureInLine(index, decisions->rules, to)) return std::nullopt;
+  const bool isInLine =
+      bringExposureInLine(index, decisions->rules, to) && hideUnfinished(index, *decisions);
+  if (!isInLine) return std::nullopt;
   return moved;
 }
 

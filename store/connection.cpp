@@ -32,12 +32,15 @@ bool Connection::hasFailed() const {
   return code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE;
 }
 
+bool Connection::isHeldElsewhere() const {
+  const int code = sqlite3_errcode(handle_.get()) & PRIMARY_CODE;
+  return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
+
 std::string Connection::lastFailure() const {
   if (!handle_) return "it cannot be opened";
+  if (isHeldElsewhere()) return "another program holds it";
   switch (sqlite3_errcode(handle_.get()) & PRIMARY_CODE) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return "another program holds it";
     case SQLITE_FULL:
       return "the disk is full";
     case SQLITE_CORRUPT:

@@ -38,8 +38,9 @@ class Connection {
   // full". Only until the next statement, a rollback too.
   std::string lastFailure() const;
 
-  // Whether it failed at all. For as long.
+  // Whether it failed at all, and whether since another program holds the index. For as long.
   bool hasFailed() const;
+  bool isHeldElsewhere() const;
 
   sqlite3* handle() const { return handle_.get(); }
 
