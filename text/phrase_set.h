@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bitset>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -14,7 +15,10 @@ class PhraseSet {
  public:
   // Phrases of four bytes or more, which must outlive the set.
   explicit PhraseSet(std::span<const std::string_view> phrases) : phrases_(phrases) {
-    for (const std::string_view phrase : phrases) beginnings_.set(slotOf(phrase.data()));
+    for (const std::string_view phrase : phrases) {
+      assert(phrase.size() >= BEGINNING);
+      beginnings_.set(slotOf(phrase.data()));
+    }
   }
 
   bool isIn(std::string_view text) const {
