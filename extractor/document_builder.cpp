@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/ascii.h"
 #include "text/utf8.h"
 
 namespace norvast {
@@ -10,10 +11,6 @@ namespace {
 
 constexpr std::string_view NO_BREAK_SPACE = "\xC2\xA0";
 constexpr std::string_view SOFT_HYPHEN = "\xC2\xAD";
-
-bool isBlank(char character) {
-  return character == ' ' || (character >= '\t' && character <= '\r');
-}
 
 bool isControl(char character) {
   const auto byte = static_cast<unsigned char>(character);
@@ -72,7 +69,7 @@ void appendRunning(std::string& into, std::string_view text) {
       if (pair == SOFT_HYPHEN) continue;
       if (pair == NO_BREAK_SPACE) character = ' ';
     }
-    if (isBlank(character)) {
+    if (isAsciiSpace(character)) {
       if (!into.empty() && into.back() != ' ' && into.back() != '\n') into += ' ';
     } else if (!isControl(character)) {
       into += character;

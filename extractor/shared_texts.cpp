@@ -9,9 +9,6 @@
 namespace norvast {
 namespace {
 
-// [MS-XLS] 2.1.4: the most that a record may hold.
-constexpr std::size_t MOST_RECORD_BYTES = 8224;
-
 // Of the length and the flags before each text.
 constexpr std::size_t TEXT_HEADER_BYTES = 3;
 

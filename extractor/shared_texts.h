@@ -2,6 +2,7 @@
 // 2.4.265), written anew in the form that FreeXL reads.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -11,6 +12,9 @@ namespace norvast {
 
 inline constexpr std::uint32_t SHARED_TEXTS_RECORD = 0x00FC;
 inline constexpr std::uint32_t CONTINUE_RECORD = 0x003C;
+
+// The most that a record may hold ([MS-XLS] 2.1.4).
+inline constexpr std::size_t MOST_RECORD_BYTES = 8224;
 
 // The table as a record with those that continue it, from the contents of such records: FreeXL
 // takes a workbook with an empty text, or half a character, for crafted, so that there stands a

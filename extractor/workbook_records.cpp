@@ -33,9 +33,6 @@ constexpr std::uint32_t FORMULA = 0x0006;
 constexpr std::size_t LEAST_FORMULA_BYTES = 20;
 constexpr std::uint32_t FORMULA_TEXT = 0x0207;
 
-// The most that a record may hold.
-constexpr std::size_t MOST_RECORD_BYTES = 8224;
-
 // A formula that others refer to, or a table of them.
 bool isShared(std::uint32_t type) { return type == 0x04BC || type == 0x0221 || type == 0x0236; }
 
