@@ -8,12 +8,14 @@
 #include <utility>
 #include <variant>
 
-#include "companion/index_database.h"
-#include "companion/index_writer.h"
+#include "indexer/index/index_database.h"
+#include "indexer/indexing/index_writer.h"
 #include "store/statement.h"
 #include "store/transaction.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 constexpr const char* WORDS[] = {"garden", "report",  "river",   "meeting", "invoice", "compost",

@@ -9,10 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "companion/file_analysis.h"
+#include "indexer/indexing/file_analysis.h"
 #include "store/connection.h"
 
 namespace norvast {
+using namespace indexer;
 
 // Makes a new home folder this process's own and puts an empty index there; removed with its owner.
 class BenchIndex {

@@ -4,11 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "extractor/gray_image.h"
+#include "extractor/picture/gray_image.h"
 
 struct Pix;
 
 namespace norvast {
+using namespace extractor;
 
 // Owns an image of any depth.
 using Picture = GrayImage;

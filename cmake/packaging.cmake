@@ -5,11 +5,11 @@ foreach(page norvast_mcp.1 norvast_index.1)
   install(FILES ${CMAKE_BINARY_DIR}/man/${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 # Where the shells of Debian look for what packages bring.
-install(FILES companion/completions/norvast_index.bash RENAME norvast_index
+install(FILES indexer/commands/completions/norvast_index.bash RENAME norvast_index
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions)
-install(FILES companion/completions/_norvast_index
+install(FILES indexer/commands/completions/_norvast_index
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/vendor-completions)
-install(FILES companion/completions/norvast_index.fish
+install(FILES indexer/commands/completions/norvast_index.fish
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d)
 install(FILES README.md CHANGELOG.md SECURITY.md cmake/copyright DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <variant>
 
-#include "text/document.h"
-#include "text/read_failure.h"
+#include "document/document.h"
+#include "document/read_failure.h"
 #include "text/recognition_languages.h"
 
 namespace norvast {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "content/mcp_content.h"
+#include "document/text_markup.h"
 #include "text/ascii.h"
-#include "text/text_markup.h"
 
 namespace norvast {
 namespace {

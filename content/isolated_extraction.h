@@ -8,9 +8,9 @@
 #include <variant>
 #include <vector>
 
+#include "document/document.h"
+#include "document/read_failure.h"
 #include "platform/regular_file.h"
-#include "text/document.h"
-#include "text/read_failure.h"
 
 namespace norvast {
 

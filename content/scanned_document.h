@@ -5,9 +5,9 @@
 #include <string>
 #include <variant>
 
+#include "document/document.h"
+#include "document/read_failure.h"
 #include "platform/regular_file.h"
-#include "text/document.h"
-#include "text/read_failure.h"
 
 namespace norvast {
 

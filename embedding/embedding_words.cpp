@@ -6,7 +6,7 @@
 #include <memory_resource>
 #include <unordered_map>
 
-#include "embedding/function_words.h"
+#include "language/function_words.h"
 #include "text/word_scalars.h"
 
 namespace norvast {

@@ -9,8 +9,8 @@
 
 #include "embedding/embedding_features.h"
 #include "embedding/embedding_words.h"
-#include "embedding/english_stemmer.h"
-#include "embedding/stem_weights.h"
+#include "language/english_stemmer.h"
+#include "language/stem_weights.h"
 
 namespace norvast {
 

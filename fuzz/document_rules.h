@@ -4,7 +4,7 @@
 
 #include <variant>
 
-#include "extractor/document_builder.h"
+#include "document/document_builder.h"
 #include "fuzz/target.h"
 #include "text/utf8.h"
 

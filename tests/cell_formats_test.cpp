@@ -1,9 +1,11 @@
 // What the numbers in a spreadsheet's cells are shown as.
-#include "extractor/cell_formats.h"
+#include "extractor/office/cell_formats.h"
 
 #include <gtest/gtest.h>
 
 namespace norvast {
+using namespace extractor;
+
 namespace {
 
 enum class Epoch { from1900, from1904 };

@@ -4,17 +4,19 @@
 #include <string>
 #include <vector>
 
-#include "companion/index_database.h"
-#include "companion/index_files.h"
-#include "companion/moved_folder.h"
-#include "companion/moved_rules.h"
-#include "companion/rules.h"
+#include "indexer/decisions/moved_rules.h"
+#include "indexer/decisions/rules.h"
+#include "indexer/index/index_database.h"
+#include "indexer/indexing/index_files.h"
+#include "indexer/watching/moved_folder.h"
 #include "platform/file_identity.h"
 #include "tests/file_bytes.h"
 #include "tests/index_command.h"
 #include "tests/test_home.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -253,7 +255,7 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
   const auto& connection = std::get<Connection>(opened);
   std::optional<SentenceEmbedding> none;
   const std::vector<std::string> roots{docs.substr(0, docs.size() - 1), more};
-  (void)indexFiles(connection, none, roots, Verbosity::quiet, [&] {
+  (void)indexFiles(connection, none, roots, nullptr, [&] {
     std::error_code done;
     std::filesystem::rename(docs + "old", more + "/meanwhile", done);
     return false;
@@ -290,7 +292,7 @@ TEST_F(DecisionsTest, HoldForFilesThatARunHasReadBefore) {
   const auto opened = openIndex();
   const auto& connection = std::get<Connection>(opened);
   std::optional<SentenceEmbedding> none;
-  (void)indexFiles(connection, none, {docs.substr(0, docs.size() - 1)}, Verbosity::quiet, [this] {
+  (void)indexFiles(connection, none, {docs.substr(0, docs.size() - 1)}, nullptr, [this] {
     run("add --exclude '*.key' --exclude '/*/keys'", ".");
     return false;
   });

@@ -9,21 +9,23 @@
 
 #include "content/document_reading.h"
 #include "content/file_kind.h"
-#include "extractor/document_kinds.h"
-#include "extractor/mail_reader.h"
-#include "extractor/page_kinds.h"
-#include "extractor/reading_bounds.h"
+#include "document/reading_bounds.h"
+#include "extractor/mail/mail_reader.h"
+#include "extractor/office/office_kinds.h"
+#include "extractor/page/page_kinds.h"
 #include "tests/file_bytes.h"
 #include "tests/test_home.h"
 #include "text/file_name.h"
 
 namespace norvast {
+using namespace extractor;
+
 namespace {
 
 constexpr std::size_t LIMIT = 400'000;
 
 ReadDocument readAs(std::string_view kind, std::string_view bytes) {
-  const DocumentKind* found = documentKind(kind);
+  const DocumentKind* found = officeKind(kind);
   if (found == nullptr) found = pageKind(kind);
   if (found == nullptr) found = mailKind(kind);
   if (found == nullptr) throw std::invalid_argument("no such kind");

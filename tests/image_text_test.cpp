@@ -6,11 +6,13 @@
 
 #include "content/document_reading.h"
 #include "content/mcp_content.h"
-#include "extractor/first_frame.h"
+#include "extractor/picture/first_frame.h"
 #include "tests/file_bytes.h"
 #include "tests/test_home.h"
 
 namespace norvast {
+using namespace extractor;
+
 namespace {
 
 const std::string PICTURES = TEST_DATA "/pictures/";

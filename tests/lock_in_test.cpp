@@ -1,5 +1,5 @@
 // The lock-in: what a process that has gone through it can still do, and what it cannot.
-#include "extractor/lock_in.h"
+#include "extractor/program/lock_in.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -26,6 +26,8 @@
 #include "tests/test_home.h"
 
 namespace norvast {
+using namespace extractor;
+
 namespace {
 
 // What a child tells by its exit status.

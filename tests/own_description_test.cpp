@@ -6,12 +6,14 @@
 #include <set>
 #include <string>
 
-#include "companion/client_config.h"
+#include "indexer/commands/client_config.h"
 #include "tests/file_bytes.h"
 #include "tests/index_command.h"
 #include "tests/test_home.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 using Words = std::set<std::string>;
@@ -45,17 +47,17 @@ Words options(const TestHome& home, const std::string& command) {
 
 // What bash offers for the words so far, the last of which is to be completed.
 Words inBash(const TestHome& home, const std::string& words) {
-  const std::string script = ". " + ROOT +
-                             "/companion/completions/norvast_index.bash; COMP_WORDS=(" + words +
-                             "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _norvast_index; "
-                             "echo; printf \"%s\\n\" \"${COMPREPLY[@]}\"";
+  const std::string script =
+      ". " + ROOT + "/indexer/commands/completions/norvast_index.bash; COMP_WORDS=(" + words +
+      "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _norvast_index; "
+      "echo; printf \"%s\\n\" \"${COMPREPLY[@]}\"";
   return matches(index(home, "--version; bash -c '" + script + "'").output, "\n([a-z-]+)");
 }
 
 TEST(Completions, OfferEachCommandAndItsOptions) {
   const TestHome home;
-  const std::string zsh = fileBytes(ROOT + "/companion/completions/_norvast_index");
-  const std::string fish = fileBytes(ROOT + "/companion/completions/norvast_index.fish");
+  const std::string zsh = fileBytes(ROOT + "/indexer/commands/completions/_norvast_index");
+  const std::string fish = fileBytes(ROOT + "/indexer/commands/completions/norvast_index.fish");
   const Words all = commands(home);
   ASSERT_TRUE(all.contains("add"));
   EXPECT_EQ(inBash(home, "norvast_index \"\""), all);
@@ -104,7 +106,7 @@ TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
   EXPECT_NE(fileBytes(ROOT + "/README.md").find(rows), std::string::npos) << rows;
   EXPECT_EQ(inBash(home, "norvast_index client-config --client \"\""), all);
   for (const char* file : {"_norvast_index", "norvast_index.fish"}) {
-    EXPECT_NE(fileBytes(ROOT + "/companion/completions/" + file).find(inOneLine),
+    EXPECT_NE(fileBytes(ROOT + "/indexer/commands/completions/" + file).find(inOneLine),
               std::string::npos);
   }
 }

@@ -1,6 +1,6 @@
 // PDF text: order, separation, the cut, and documents that give none. Those in data/pdf are written
 // by hand, but for long.pdf, which came out of gs -sDEVICE=pdfwrite, and the two with passwords.
-#include "extractor/pdf_text.h"
+#include "extractor/pdf/pdf_text.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +10,8 @@
 #include "text/unicode.h"
 
 namespace norvast {
+using namespace extractor;
+
 namespace {
 
 std::string pdf(const char* name) { return fileBytes(std::string(TEST_DATA "/pdf/") + name); }

@@ -1,5 +1,5 @@
 // The progress in one row, however narrow the terminal.
-#include "companion/progress_line.h"
+#include "indexer/console/progress_line.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,8 @@
 #include "text/unicode.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 TEST(ProgressLine, FitsIntoOneRow) {

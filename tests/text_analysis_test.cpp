@@ -4,16 +4,18 @@
 #include <string>
 #include <vector>
 
-#include "analysis/embedded_text.h"
-#include "analysis/entities.h"
-#include "analysis/outline.h"
-#include "analysis/passages.h"
-#include "analysis/summary.h"
-#include "analysis/text_language.h"
-#include "analysis/type_group.h"
+#include "document/type_group.h"
+#include "indexer/analysis/embedded_text.h"
+#include "indexer/analysis/entities.h"
+#include "indexer/analysis/outline.h"
+#include "indexer/analysis/passages.h"
+#include "indexer/analysis/summary.h"
+#include "indexer/analysis/text_language.h"
 #include "text/unicode.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 using Kind = DocumentBlock::Kind;

@@ -1,5 +1,5 @@
 // The time left: told soon and not far off, whatever comes last and however fast the machine is.
-#include "companion/time_left.h"
+#include "indexer/console/time_left.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "companion/reading_order.h"
+#include "indexer/indexing/reading_order.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 // So many files of one kind, and what one takes: so much by itself and by its bytes, times up to

@@ -9,12 +9,14 @@
 #include <thread>
 #include <vector>
 
-#include "companion/watch_lock.h"
+#include "indexer/index/watch_lock.h"
 #include "tests/index_command.h"
 #include "tests/static_model_files.h"
 #include "tests/test_home.h"
 
 namespace norvast {
+using namespace indexer;
+
 namespace {
 
 namespace fs = std::filesystem;

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "embedding/embedding_words.h"
-#include "embedding/function_words.h"
+#include "language/function_words.h"
 
 namespace norvast {
 namespace {

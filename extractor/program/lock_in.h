@@ -1,0 +1,21 @@
+// Lock-in: how this program gives up, before it reads a stranger's bytes, all that it can do
+// without.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "platform/descriptor.h"
+
+namespace norvast::extractor {
+
+// Sets the limits on memory and time, and has the process die with the one that started it and
+// reads `output`. False when that one is gone or a limit cannot be set.
+bool limitExtractor(const Descriptor& output);
+
+// Takes away all files but those at or below `readableFolders` and what is open, and all system
+// calls that decoding does not need. Nothing gives them back. False when the kernel could do so
+// and failed; one that cannot leaves the limits alone.
+bool lockIn(std::span<const std::string_view> readableFolders);
+
+}  // namespace norvast::extractor
