@@ -9,8 +9,8 @@
 
 namespace norvast::extractor {
 
-// Sets the limits on memory and time, and has the process die with the one that started it and
-// reads `output`. False when that one is gone or a limit cannot be set.
+// Limits memory and time, and makes this process die with the process that started it and reads
+// `output`. Returns false if that process has ended or if a limit cannot be set.
 bool limitExtractor(const Descriptor& output);
 
 // Takes away all files but those at or below `readableFolders` and what is open, and all system
