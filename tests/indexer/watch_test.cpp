@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "indexer/index/watch_lock.h"
+#include "platform/file_identity.h"
 #include "tests/harness/index_command.h"
 #include "tests/harness/static_model_files.h"
 #include "tests/harness/test_home.h"
@@ -27,7 +28,7 @@ class Watch : public testing::Test {
   void SetUp() override {
     for (const char* name : {"a", "sub/b", "sub/deep/c"}) home.writeFile(docs / name, name);
     ASSERT_EQ(index(home, "add --nominate content docs").status, 0);
-    ended_ = std::async(std::launch::async, [this] { return index(home, "watch"); });
+    start();
     // All folders are watched before the first of them is looked through.
     home.writeFile(docs / "probe", "new");
     expect("SELECT count(*) FROM file WHERE name = 'probe'", {"1"});
@@ -35,6 +36,10 @@ class Watch : public testing::Test {
     expectNominated({"a", "sub/b", "sub/deep/c"});
   }
   void TearDown() override { (void)end(); }
+
+  void start() {
+    ended_ = std::async(std::launch::async, [this] { return index(home, "watch"); });
+  }
 
   // Ends as it is told to.
   Outcome end() {
@@ -100,6 +105,30 @@ TEST_F(Watch, FollowsWhatIsSavedMovedAndRemoved) {
   home.writeFile(docs / ".git/HEAD", "ref: refs/heads/main\n");
   fs::rename(docs / "moved", home.path() / "elsewhere");
   expectNominated({"z"});
+}
+
+// As it is started in the background before anything was added.
+TEST_F(Watch, BeginsWithAnEmptyIndex) {
+  EXPECT_EQ(end().status, 0);
+  EXPECT_EQ(index(home, "remove docs").status, 0);
+  start();
+  EXPECT_TRUE(comes([&] { return watchingProcess(home.norvastFolder()).has_value(); }));
+  EXPECT_EQ(index(home, "add --nominate content docs").status, 0);
+  home.writeFile(docs / "sub/first", "seen at once");
+  expectNominated({"a", "sub/b", "sub/deep/c", "sub/first"});
+}
+
+TEST_F(Watch, KeepsWhatMovesOutOfAWithheldFolderWithheld) {
+  if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
+  EXPECT_EQ(index(home, "withdraw docs/sub").status, 0);
+  fs::rename(docs / "sub/b", docs / "b");
+  fs::rename(docs / "sub/deep", docs / "deep");
+  home.writeFile(docs / "z", "shown");
+  expect("SELECT count(*) FROM file WHERE path LIKE '%/docs/b' OR path LIKE '%/docs/deep/c'",
+         {"2"});
+  expectNominated({"a", "z"});
+  EXPECT_EQ(index(home, "nominate --content docs/b").status, 0);
+  expectNominated({"a", "b", "z"});
 }
 
 TEST_F(Watch, TakesUpWhatOthersDecide) {
