@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "indexer/decisions/path_range.h"
+#include "indexer/decisions/restricted_files.h"
 #include "indexer/decisions/unfinished_removals.h"
 #include "store/statement.h"
 #include "store/transaction.h"
@@ -20,7 +21,8 @@ DecisionChange inTransaction(CurrentDecisions& current, const std::string& path,
   Transaction transaction(index);
   Decisions* decisions = transaction ? current.get() : nullptr;
   if (decisions != nullptr && change(*decisions, result) &&
-      bringExposureInLine(index, decisions->rules, path) && hideUnfinished(index, *decisions) &&
+      bringExposureInLine(index, decisions->rules, path) &&
+      bringRestrictedInLine(index, decisions->rules, path) && hideUnfinished(index, *decisions) &&
       transaction.commit()) {
     return result;
   }

@@ -143,6 +143,7 @@ bool dropRoots(const Connection& index, const std::string& path) {
                  std::string(AT_OR_BELOW) + ")",
              binds) &&
          dropRules(index, binds) &&
+         run(index, "DELETE FROM restricted_file WHERE " + std::string(AT_OR_BELOW), binds) &&
          run(index, "DELETE FROM root WHERE " + std::string(AT_OR_BELOW), binds);
 }
 

@@ -62,6 +62,11 @@ constexpr std::array TABLES = {
     Table{"rule", Origin::kept,
           "rule(path TEXT PRIMARY KEY NOT NULL, kind TEXT NOT NULL, identity TEXT NOT NULL DEFAULT "
           "'') WITHOUT ROWID"},
+    // What restricted files are known again by, with the path where each was seen last and the kind
+    // of the rule for it there.
+    Table{"restricted_file", Origin::kept,
+          "restricted_file(identity TEXT PRIMARY KEY NOT NULL, path TEXT NOT NULL, kind TEXT NOT "
+          "NULL) WITHOUT ROWID"},
     Table{"setting", Origin::kept,
           "setting(name TEXT PRIMARY KEY NOT NULL, value TEXT NOT NULL) WITHOUT ROWID"},
 };

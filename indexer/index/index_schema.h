@@ -13,7 +13,7 @@ namespace norvast::indexer {
 // The application id marks the database as made by this program ("Norv" in ASCII). The version is
 // that of its tables, and is raised with every change of them.
 inline constexpr std::uint32_t INDEX_APPLICATION_ID = 0x4E6F7276;
-inline constexpr std::uint32_t INDEX_VERSION = 4;
+inline constexpr std::uint32_t INDEX_VERSION = 5;
 
 // The tables whose rows describe the file at the path in their column `path`.
 inline constexpr std::array FILE_TABLES = {"file",      "mcp_exposure", "analysis",
