@@ -1,4 +1,4 @@
-// What the program says of itself, held to what it does: completions, manual and README.
+// What the program says of itself, held to what it does: completions, manual and documents.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -90,7 +90,7 @@ TEST(Manual, NamesEachCommandAndItsOptions) {
   }
 }
 
-TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
+TEST(Clients, AreTheSameInTheProgramTheDocumentsAndTheCompletions) {
   const TestHome home;
   const std::vector<std::string> names = clientNames();
   const Words all(names.begin(), names.end());
@@ -98,12 +98,12 @@ TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
   std::string inOneLine;
   for (const std::string& name : names) {
     std::string place(clientConfig(name, "")->place);
-    // A path is marked as code in the README.
+    // A path is marked as code in the document.
     place = std::regex_replace(place, std::regex("^\\S+"), "`$&`");
     rows += "| `" + name + "` | " + place + " |\n";
     inOneLine += (inOneLine.empty() ? "" : " ") + name;
   }
-  EXPECT_NE(fileBytes(ROOT + "/README.md").find(rows), std::string::npos) << rows;
+  EXPECT_NE(fileBytes(ROOT + "/docs/using.md").find(rows), std::string::npos) << rows;
   EXPECT_EQ(inBash(home, "norvast_index client-config --client \"\""), all);
   for (const char* file : {"_norvast_index", "norvast_index.fish"}) {
     EXPECT_NE(fileBytes(ROOT + "/indexer/commands/completions/" + file).find(inOneLine),
@@ -114,10 +114,19 @@ TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
 TEST(CommandLine, SaysWhatItIsAndWhatIsWrong) {
   const TestHome home;
   EXPECT_EQ(index(home, "--version").output, "norvast_index " VERSION "\n");
-  const Outcome outcome = index(home, "audit --last -3");
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.output,
-            "norvast_index: --last: -3 is no number of events (see norvast_index --help)\n");
+  EXPECT_NE(index(home, "add --help").output.find("--no-exclude PATTERN"), std::string::npos);
+  struct Row {
+    const char* arguments;
+    const char* objection;
+  };
+  for (const Row& row : {Row{"audit --last -3", "--last: -3 is no number of events"},
+                         Row{"updte", "there is no command \"updte\"; did you mean \"update\"?"},
+                         Row{"frobnicate", "there is no command frobnicate, but add, update, "}}) {
+    const Outcome outcome = index(home, row.arguments);
+    EXPECT_EQ(outcome.status, 2) << row.arguments;
+    EXPECT_TRUE(outcome.output.starts_with(std::string("norvast_index: ") + row.objection))
+        << outcome.output;
+  }
 }
 
 }  // namespace
