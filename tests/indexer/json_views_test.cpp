@@ -50,6 +50,10 @@ TEST_F(JsonViews, HoldWhatIsDecidedAndKnown) {
   EXPECT_EQ(views("status --without-text"),
             Value({{{"path", docs + "b.bin"}, {"reason", "noReader"}}}));
 
+  const Outcome nowhere = index(home, "status --without-text /nowhere");
+  EXPECT_EQ(nowhere.status, 1);
+  EXPECT_EQ(nowhere.output, "norvast_index: /nowhere: nothing is indexed there\n");
+
   const Value status = views("status");
   EXPECT_EQ(status["index"], home.database().string());
   EXPECT_EQ(status["files_by_rule"],

@@ -1,12 +1,17 @@
-// What the program says of itself, held to what it does: completions, manual and README.
+// What the program says of itself, held to what it does: completions, manual and documents.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include <array>
+#include <chrono>
 #include <regex>
 #include <set>
 #include <string>
+#include <variant>
+#include <vector>
 
 #include "indexer/commands/client_config.h"
+#include "platform/child_process.h"
+#include "platform/descriptor.h"
 #include "tests/harness/file_bytes.h"
 #include "tests/harness/index_command.h"
 #include "tests/harness/test_home.h"
@@ -46,12 +51,18 @@ Words options(const TestHome& home, const std::string& command) {
 }
 
 // What bash offers for the words so far, the last of which is to be completed.
-Words inBash(const TestHome& home, const std::string& words) {
-  const std::string script =
-      ". " + ROOT + "/indexer/commands/completions/norvast_index.bash; COMP_WORDS=(" + words +
-      "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _norvast_index; "
-      "echo; printf \"%s\\n\" \"${COMPREPLY[@]}\"";
-  return matches(index(home, "--version; bash -c '" + script + "'").output, "\n([a-z-]+)");
+Words inBash(const std::vector<std::string>& words) {
+  std::vector<std::string> arguments{
+      "-c",
+      "cd / && . \"$0\"; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _norvast_index; "
+      "printf '\\n%s' \"${COMPREPLY[@]}\"",
+      ROOT + "/indexer/commands/completions/norvast_index.bash"};
+  arguments.insert(arguments.end(), words.begin(), words.end());
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  const Descriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
+  const auto offered = outputOf({"/bin/bash", arguments, {}, deadline, 65536}, nothing);
+  if (!std::holds_alternative<std::string>(offered)) return {"bash failed"};
+  return matches(std::get<std::string>(offered), "\n([a-z-]+)");
 }
 
 TEST(Completions, OfferEachCommandAndItsOptions) {
@@ -60,12 +71,12 @@ TEST(Completions, OfferEachCommandAndItsOptions) {
   const std::string fish = fileBytes(ROOT + "/indexer/commands/completions/norvast_index.fish");
   const Words all = commands(home);
   ASSERT_TRUE(all.contains("add"));
-  EXPECT_EQ(inBash(home, "norvast_index \"\""), all);
+  EXPECT_EQ(inBash({"norvast_index", ""}), all);
   EXPECT_EQ(matches(part(zsh, "commands=(", "\n  )"), "'([a-z-]+):"), all);
   EXPECT_EQ(matches(fish, "use_subcommand -a ([a-z-]+)"), all);
   for (const std::string& command : all) {
     Words expected = options(home, command);
-    EXPECT_EQ(inBash(home, "norvast_index " + command + " -"), expected) << command;
+    EXPECT_EQ(inBash({"norvast_index", command, "-"}), expected) << command;
     expected.erase("--help");  // everywhere
     EXPECT_EQ(matches(part(zsh, "\n        " + command + ")", ";;"), "(--[a-z-]+)\\["), expected)
         << command;
@@ -90,7 +101,7 @@ TEST(Manual, NamesEachCommandAndItsOptions) {
   }
 }
 
-TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
+TEST(Clients, AreTheSameInTheProgramTheDocumentsAndTheCompletions) {
   const TestHome home;
   const std::vector<std::string> names = clientNames();
   const Words all(names.begin(), names.end());
@@ -98,13 +109,13 @@ TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
   std::string inOneLine;
   for (const std::string& name : names) {
     std::string place(clientConfig(name, "")->place);
-    // A path is marked as code in the README.
+    // A path is marked as code in the document.
     place = std::regex_replace(place, std::regex("^\\S+"), "`$&`");
     rows += "| `" + name + "` | " + place + " |\n";
     inOneLine += (inOneLine.empty() ? "" : " ") + name;
   }
-  EXPECT_NE(fileBytes(ROOT + "/README.md").find(rows), std::string::npos) << rows;
-  EXPECT_EQ(inBash(home, "norvast_index client-config --client \"\""), all);
+  EXPECT_NE(fileBytes(ROOT + "/docs/using.md").find(rows), std::string::npos) << rows;
+  EXPECT_EQ(inBash({"norvast_index", "client-config", "--client", ""}), all);
   for (const char* file : {"_norvast_index", "norvast_index.fish"}) {
     EXPECT_NE(fileBytes(ROOT + "/indexer/commands/completions/" + file).find(inOneLine),
               std::string::npos);
@@ -114,10 +125,19 @@ TEST(Clients, AreTheSameInTheProgramTheReadmeAndTheCompletions) {
 TEST(CommandLine, SaysWhatItIsAndWhatIsWrong) {
   const TestHome home;
   EXPECT_EQ(index(home, "--version").output, "norvast_index " VERSION "\n");
-  const Outcome outcome = index(home, "audit --last -3");
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.output,
-            "norvast_index: --last: -3 is no number of events (see norvast_index --help)\n");
+  EXPECT_NE(index(home, "add --help").output.find("--no-exclude PATTERN"), std::string::npos);
+  struct Row {
+    const char* arguments;
+    const char* objection;
+  };
+  for (const Row& row : {Row{"audit --last -3", "--last: -3 is no number of events"},
+                         Row{"updte", "there is no command \"updte\"; did you mean \"update\"?"},
+                         Row{"frobnicate", "there is no command frobnicate, but add, update, "}}) {
+    const Outcome outcome = index(home, row.arguments);
+    EXPECT_EQ(outcome.status, 2) << row.arguments;
+    EXPECT_TRUE(outcome.output.starts_with(std::string("norvast_index: ") + row.objection))
+        << outcome.output;
+  }
 }
 
 }  // namespace
