@@ -32,13 +32,18 @@ struct Extraction {
   std::span<const std::string_view> readableFolders = {};
 };
 
-// A document as one of the things that a program writes: see parseDocument.
-Extracted asExtracted(const std::variant<Document, ReadFailure>& read);
+// A document, within its bounds, as one of the things that a program writes: see parseDocument.
+Extracted asExtracted(std::variant<Document, ReadFailure> read);
 
 // Sets the process's limits, prepares, locks the process in, reads standard input with `limit`, a
 // decimal number, and writes what came of it. The exit status: 0 when all of it has been written,
 // else that of the reason. Call it once, and end with it at once: nothing that a library prints
 // goes to standard output or error afterwards.
 int runExtraction(const Extraction& extraction, std::string_view limit);
+
+// Locks the process in as for an extraction that may open files in `readableFolders`, and writes
+// how far the lock goes, as lockWord says it. The exit status: 0, or that of noProgram when the
+// process cannot be locked in. Call it once, and end with it at once.
+int reportLock(std::span<const std::string_view> readableFolders);
 
 }  // namespace norvast::extractor

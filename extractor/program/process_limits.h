@@ -16,6 +16,10 @@ struct ProcessLimits {
 // can dump no core and grow no file from then on. False when a limit could not be set.
 bool limitProcess(const ProcessLimits& limits);
 
+// Gives up opening anything more: no new descriptor can be had from then on. False when that could
+// not be set.
+bool forgoOpening();
+
 // Gives up gaining privileges by starting a program. False when the kernel refuses.
 bool forgoNewPrivileges();
 
