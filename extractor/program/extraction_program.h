@@ -33,13 +33,19 @@ struct Extraction {
   std::span<const std::string_view> readableFolders = {};
 };
 
-// Returns the document in the form that a program writes and parseDocument reads.
-Extracted asExtracted(const std::variant<Document, ReadFailure>& read);
+// Returns the document, within its bounds, in the form that a program writes and parseDocument
+// reads.
+Extracted asExtracted(std::variant<Document, ReadFailure> read);
 
 // Sets the process's limits, prepares, locks the process in, reads standard input, and writes the
 // result to standard output. `limit` is a decimal number. Returns the exit status: 0 if all was
 // written, else that of the reason. Call it once, as the last thing that the process does: nothing
 // that a library prints reaches standard output or standard error afterwards.
 int runExtraction(const Extraction& extraction, std::string_view limit);
+
+// Locks the process in as for an extraction that may open files in `readableFolders`, and writes
+// how far the lock goes, as lockWord says it. The exit status: 0, or that of noProgram when the
+// process cannot be locked in. Call it once, and end with it at once.
+int reportLock(std::span<const std::string_view> readableFolders);
 
 }  // namespace norvast::extractor

@@ -17,6 +17,10 @@ struct ProcessLimits {
 // limit could not be set.
 bool limitProcess(const ProcessLimits& limits);
 
+// Gives up opening files: no new descriptor can be had from then on. Returns false if that could
+// not be set.
+bool forgoOpening();
+
 // Gives up gaining privileges by starting a program (no_new_privs in prctl(2)). Returns false if
 // the kernel refuses.
 bool forgoNewPrivileges();

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pthread.h>
+#include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -14,15 +15,19 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "content/isolated_extraction.h"
 #include "platform/descriptor.h"
+#include "platform/regular_file.h"
 #include "tests/harness/test_home.h"
 
 namespace norvast {
@@ -147,6 +152,62 @@ TEST(LockIn, LeavesReadingAndComputingAlone) {
   for (const Deed& deed : deeds) {
     EXPECT_EQ(outcomeInside(deed, {folder, "/missing"}), deed.withFolder) << deed.name;
     EXPECT_EQ(outcomeInside(deed, {}), deed.without) << deed.name;
+  }
+}
+
+// Has these calls fail with this error from now on, as a filter around a container does.
+bool refuseCalls(const std::vector<int>& calls, int error) {
+  const scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
+  const auto refused = static_cast<std::uint32_t>(SCMP_ACT_ERRNO(static_cast<unsigned>(error)));
+  bool isAdded = filter != nullptr;
+  for (const int call : calls) isAdded = isAdded && seccomp_rule_add(filter, refused, call, 0) == 0;
+  const bool isLoaded = isAdded && seccomp_load(filter) == 0;
+  seccomp_release(filter);
+  return isLoaded;
+}
+
+struct RefusedLandlock {
+  int call;
+  int error;
+  LockState state;
+};
+
+constexpr RefusedLandlock REFUSED_LANDLOCK[] = {
+    {SCMP_SYS(landlock_create_ruleset), ENOSYS, LockState::landlockUnknown},
+    {SCMP_SYS(landlock_create_ruleset), EOPNOTSUPP, LockState::landlockUnknown},
+    {SCMP_SYS(landlock_create_ruleset), EPERM, LockState::landlockRefused},
+    {SCMP_SYS(landlock_create_ruleset), ENOMEM, LockState::landlockRefused},
+    {SCMP_SYS(landlock_add_rule), EPERM, LockState::landlockRefused},
+    {SCMP_SYS(landlock_restrict_self), EPERM, LockState::landlockRefused},
+};
+
+TEST(LockIn, OpensNothingWhereLandlockDoesNotHold) {
+  const TestHome home;
+  const std::string folder = home.path() / "permitted";
+  const std::string file = folder + "/file";
+  home.writeFile(file, "x");
+  const std::string pdf = TEST_DATA "/pdf/lines.pdf";
+  for (const RefusedLandlock& row : REFUSED_LANDLOCK) {
+    const auto outcome = [&](const std::function<bool()>& deed) {
+      return outcomeOf([&] {
+        if (!refuseCalls({row.call}, row.error)) return notLocked;
+        return deed() ? succeeded : refused;
+      });
+    };
+    const auto lockedIn = [&](const std::function<bool()>& deed) {
+      const std::string_view readable = folder;
+      return outcome([&] { return lockIn({&readable, 1}) == row.state && deed(); });
+    };
+    const std::string which = std::to_string(row.call) + ": " + strerror(row.error);
+    EXPECT_EQ(lockedIn(computes), succeeded) << which;
+    EXPECT_EQ(lockedIn([] { return opens("/etc/passwd", O_RDONLY); }), refused) << which;
+    EXPECT_EQ(lockedIn([&] { return opens(file, O_RDONLY); }), refused) << which;
+    // Whatever the filter of system calls lets pass, there is no descriptor for it.
+    EXPECT_EQ(lockedIn([] { return most(RLIMIT_NOFILE) == 0; }), succeeded) << which;
+    EXPECT_EQ(outcome([&] { return isolationLock() == row.state; }), succeeded) << which;
+    EXPECT_EQ(outcome([&] { return isolatedPdfText(*openRegularFile(pdf), 9).index() == 0; }),
+              succeeded)
+        << which;
   }
 }
 

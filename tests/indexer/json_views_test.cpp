@@ -60,6 +60,7 @@ TEST_F(JsonViews, HoldWhatIsDecidedAndKnown) {
             Value({{"content", 1}, {"metadata", 0}, {"withheld", 1}, {"none", 0}}));
   EXPECT_EQ(status["watching_process"], nullptr);
   EXPECT_EQ(status["ai_access"], true);
+  EXPECT_EQ(status["decoder_lock"], "whole");
 
   const Value shown = views("show docs/a* docs/b.bin");
   ASSERT_EQ(shown.size(), 2U);
