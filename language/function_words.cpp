@@ -73,10 +73,4 @@ bool FunctionWordCount::holds(FunctionWord word) const {
   return false;
 }
 
-std::optional<Language> FunctionWordCount::language() const {
-  const auto* const most = std::max_element(counts_.begin(), counts_.end());
-  if (*most == 0) return std::nullopt;
-  return static_cast<Language>(most - counts_.begin());
-}
-
 }  // namespace norvast

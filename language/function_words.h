@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 namespace norvast {
@@ -26,10 +25,7 @@ struct FunctionWord {
 // `word` is in lower case and without marks, as `weighedWords` gives them.
 FunctionWord functionWord(std::string_view word);
 
-// True for one that is a function word in any text.
-inline bool isFunctionWord(std::string_view word) { return functionWord(word).everywhere != 0; }
-
-// Counts the function words of a text by language, and tells its language from them.
+// Counts the function words of a text by language, and tells which of its words are function words.
 class FunctionWordCount {
  public:
   void add(FunctionWord word, double count = 1);
@@ -37,10 +33,6 @@ class FunctionWordCount {
   // True when the word is a function word in this text: in any, or in a language of which this text
   // has more function words than of English.
   bool holds(FunctionWord word) const;
-
-  // The language with most function words, the first of equals in the order of `Language`. Nothing
-  // when there was none.
-  std::optional<Language> language() const;
 
  private:
   std::array<double, LANGUAGES> counts_{};

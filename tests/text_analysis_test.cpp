@@ -45,6 +45,25 @@ Texts passagesOf(const std::string& text) {
   return texts;
 }
 
+TEST(TextLanguage, IsToldByItsFunctionWords) {
+  const struct {
+    std::string text;
+    Language language;
+  } rows[] = {
+      {"the report of the garden", Language::english},
+      {"Der Bericht und die Rechnung", Language::german},
+      {"Le rapport est dans la cour", Language::french},
+      {"El informe y los pedidos de la casa", Language::spanish},
+      {"Il rapporto della cucina e degli orti", Language::italian},
+      {"O relatório não foi feito pelas escolas", Language::portuguese},
+      {"Het verslag en een rekening", Language::dutch},
+      {"Bericht und Rechnung 2026", Language::english},  // one function word is too few to tell
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(languageOf(outlineOfText(row.text)), row.language) << row.text;
+  }
+}
+
 TEST(Summary, IsTheSentencesWithTheTextsOwnWords) {
   const std::string text =
       "# Notes\n\nThe weather was fine on that day. The pump of the garden association is broken,\n"
