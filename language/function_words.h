@@ -2,17 +2,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <cstdint>
 #include <string_view>
 
+#include "language/languages.h"
+
 namespace norvast {
-
-enum class Language : std::uint8_t { english, german, french, spanish, italian, portuguese, dutch };
-inline constexpr std::size_t LANGUAGES = 7;
-
-// Languages, one bit each: 1 << Language.
-using LanguageBits = std::uint8_t;
 
 // In which languages a word is a function word: an article, a pronoun, a preposition, a
 // conjunction, an auxiliary, a question word, an adverb of degree, the remains of a contraction
@@ -25,6 +19,10 @@ struct FunctionWord {
 // `word` is in lower case and without marks, as `weighedWords` gives them.
 FunctionWord functionWord(std::string_view word);
 
+// True if a word, in any case and with its diacritics, is a function word in texts of one of the
+// languages.
+bool isFunctionWordIn(std::string_view word, LanguageBits languages);
+
 // Counts the function words of a text by language, and tells which of its words are function words.
 class FunctionWordCount {
  public:
@@ -35,7 +33,7 @@ class FunctionWordCount {
   bool holds(FunctionWord word) const;
 
  private:
-  std::array<double, LANGUAGES> counts_{};
+  std::array<double, LANGUAGES.size()> counts_{};
 };
 
 }  // namespace norvast

@@ -11,6 +11,7 @@
 #include "indexer/analysis/passages.h"
 #include "indexer/analysis/summary.h"
 #include "indexer/analysis/text_language.h"
+#include "language/languages.h"
 #include "text/unicode.h"
 
 namespace norvast {
@@ -48,19 +49,19 @@ Texts passagesOf(const std::string& text) {
 TEST(TextLanguage, IsToldByItsFunctionWords) {
   const struct {
     std::string text;
-    Language language;
+    const Language& language;
   } rows[] = {
-      {"the report of the garden", Language::english},
-      {"Der Bericht und die Rechnung", Language::german},
-      {"Le rapport est dans la cour", Language::french},
-      {"El informe y los pedidos de la casa", Language::spanish},
-      {"Il rapporto della cucina e degli orti", Language::italian},
-      {"O relatório não foi feito pelas escolas", Language::portuguese},
-      {"Het verslag en een rekening", Language::dutch},
-      {"Bericht und Rechnung 2026", Language::english},  // one function word is too few to tell
+      {"the report of the garden", ENGLISH},
+      {"Der Bericht und die Rechnung", GERMAN},
+      {"Le rapport est dans la cour", FRENCH},
+      {"El informe y los pedidos de la casa", SPANISH},
+      {"Il rapporto della cucina e degli orti", ITALIAN},
+      {"O relatório não foi feito pelas escolas", PORTUGUESE},
+      {"Het verslag en een rekening", DUTCH},
+      {"Bericht und Rechnung 2026", ENGLISH},  // one function word is too few to tell
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(languageOf(outlineOfText(row.text)), row.language) << row.text;
+    EXPECT_EQ(languageOf(outlineOfText(row.text)).name, row.language.name) << row.text;
   }
 }
 
