@@ -8,12 +8,10 @@
 #include <cmath>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "embedding/embedding_words.h"
-#include "language/function_words.h"
 
 namespace norvast {
 namespace {
@@ -61,27 +59,6 @@ TEST(EmbeddingWords, AreCountedAndWeighed) {
       ASSERT_TRUE(words.contains(word)) << word << " in " << row.text;
       EXPECT_NEAR(words.at(word) * words.at(word), count, 1e-12) << word;
     }
-  }
-}
-
-TEST(FunctionWords, TellTheLanguageOfAText) {
-  const struct {
-    std::string text;
-    std::optional<Language> language;
-  } rows[] = {
-      {"the report of the garden", Language::english},
-      {"Der Bericht und die Rechnung", Language::german},
-      {"Le rapport est dans la cour", Language::french},
-      {"El informe y los pedidos", Language::spanish},
-      {"Il rapporto della cucina e degli orti", Language::italian},
-      {"O relatório não foi feito pelas escolas", Language::portuguese},
-      {"Het verslag en een rekening", Language::dutch},
-      {"Bericht 2026", std::nullopt},
-  };
-  for (const auto& row : rows) {
-    FunctionWordCount count;
-    for (const auto& [word, weight] : weighedWords(row.text)) count.add(functionWord(word));
-    EXPECT_EQ(count.language(), row.language) << row.text;
   }
 }
 

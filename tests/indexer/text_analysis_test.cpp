@@ -11,6 +11,7 @@
 #include "indexer/analysis/passages.h"
 #include "indexer/analysis/summary.h"
 #include "indexer/analysis/text_language.h"
+#include "language/languages.h"
 #include "text/unicode.h"
 
 namespace norvast {
@@ -43,6 +44,25 @@ Texts passagesOf(const std::string& text) {
   Texts texts;
   for (QuotablePassage& passage : cutPassages(outlineOfText(text))) texts.push_back(passage.text);
   return texts;
+}
+
+TEST(TextLanguage, IsToldByItsFunctionWords) {
+  const struct {
+    std::string text;
+    const Language& language;
+  } rows[] = {
+      {"the report of the garden", ENGLISH},
+      {"Der Bericht und die Rechnung", GERMAN},
+      {"Le rapport est dans la cour", FRENCH},
+      {"El informe y los pedidos de la casa", SPANISH},
+      {"Il rapporto della cucina e degli orti", ITALIAN},
+      {"O relatório não foi feito pelas escolas", PORTUGUESE},
+      {"Het verslag en een rekening", DUTCH},
+      {"Bericht und Rechnung 2026", ENGLISH},  // one function word is too few to tell
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(languageOf(outlineOfText(row.text)).name, row.language.name) << row.text;
+  }
 }
 
 TEST(Summary, IsTheSentencesWithTheTextsOwnWords) {
