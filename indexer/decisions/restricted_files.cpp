@@ -90,6 +90,18 @@ bool forgetUnderFormerNames(const Connection& index, const Rules& rules, const s
   return true;
 }
 
+// Notes those of the files that are restricted, in a transaction of its own.
+bool noteFiles(const Connection& index, const Rules& rules, std::vector<std::string> files) {
+  std::erase_if(files, [&rules](const std::string& file) { return !restrictionOf(rules, file); });
+  if (files.empty()) return true;
+  Transaction transaction(index);
+  RestrictedFiles restricted(index);
+  return transaction &&
+         std::all_of(files.begin(), files.end(),
+                     [&](const std::string& file) { return restricted.noteSeen(rules, file); }) &&
+         transaction.commit();
+}
+
 // True if the file would be shown more of at its path than the kind shows.
 bool wouldShowMore(const Rules& rules, const std::string& path, RuleKind kind) {
   const auto rule = rules.holdingFor(path);
@@ -137,21 +149,17 @@ bool bringRestrictedInLine(const Connection& index, const Rules& rules, const st
 }
 
 bool noteAllRestricted(const Connection& index, const Rules& rules, const std::string& path) {
-  auto files = indexedFiles(index, path,
-                            " AND NOT EXISTS (SELECT 1 FROM restricted_file r WHERE r.path = "
-                            "file.path)");
+  auto files = indexedFiles(index, path, " AND path NOT IN (SELECT r.path FROM restricted_file r)");
   if (!files) return false;
   for (const Rule& rule : rules.below(path)) {
     if (rule.kind == RuleKind::leftOut && isFile(rule.path)) files->push_back(rule.path);
   }
-  std::erase_if(*files, [&rules](const std::string& file) { return !restrictionOf(rules, file); });
-  if (files->empty()) return true;
-  Transaction transaction(index);
-  RestrictedFiles restricted(index);
-  return transaction &&
-         std::all_of(files->begin(), files->end(),
-                     [&](const std::string& file) { return restricted.noteSeen(rules, file); }) &&
-         transaction.commit();
+  return noteFiles(index, rules, std::move(*files));
+}
+
+bool noteLeftOut(const Connection& index, const Rules& rules, const std::string& path) {
+  if (rules.at(path) != RuleKind::leftOut || !isFile(path)) return true;
+  return noteFiles(index, rules, {path});
 }
 
 CarriedRules restrictAgain(const Connection& index, const std::vector<std::string>& files) {

@@ -48,6 +48,10 @@ bool bringRestrictedInLine(const Connection& index, const Rules& rules, const st
 // of its own. Returns false if the index could not be read or written.
 bool noteAllRestricted(const Connection& index, const Rules& rules, const std::string& path);
 
+// Notes the file at the path if it is left out by its own rule, which no scan comes to. In a
+// transaction of its own. Returns false if the index could not be written.
+bool noteLeftOut(const Connection& index, const Rules& rules, const std::string& path);
+
 // Finds the files that were restricted at another path and would be shown more of where they lie
 // now, and gives each a rule of its own that restricts it as before, with what clients see by it.
 // In a transaction of its own. A file that the user decided about where it lies now is left alone.

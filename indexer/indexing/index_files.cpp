@@ -146,7 +146,8 @@ class Indexing {
     report_.obstacle = carryRules(changed);
     if (report_.obstacle) return;
     if (indexChanged(std::move(changed))) (void)dropVanished(unreadableBefore);
-    if (isLong && !noteAllRestricted(index_, decisions.rules, place.root)) {
+    const auto& note = isLong ? noteAllRestricted : noteLeftOut;
+    if (!note(index_, decisions.rules, place.start)) {
       report_.obstacle = index_.lastFailure();
       return;
     }

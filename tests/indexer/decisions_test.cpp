@@ -1,7 +1,6 @@
 // What the user decided stays decided: rules, roots and what clients see by them.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -265,54 +264,6 @@ TEST_F(DecisionsTest, HoldForWhatWasMovedToAnotherRoot) {
   EXPECT_EQ(home.query("SELECT count(*) FROM file WHERE path LIKE '%/more/%'"), Rows{"4"});
   EXPECT_EQ(home.query("SELECT name FROM mcp_exposure JOIN file USING (path)"),
             Rows({"a", "a new file", "m"}));
-}
-
-// What shows less of a file goes with it, whatever programs do to save and move it. Each row works
-// in a folder of its own with a file "s" in "private" and in "docs"; an update runs at each "|".
-TEST_F(DecisionsTest, StayWithAFileHoweverItIsSavedAndMoved) {
-  if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";
-  struct Row {
-    const char* decision;
-    const char* steps;
-    Rows shown;  // the files in the folder that clients see, with "|1" where they see the text
-  };
-  const std::vector<Row> rows = {
-      {"withdraw docs/s", "echo 2 > docs/t; mv docs/t docs/s | mv docs/s docs/f", {"private/s|1"}},
-      {"withdraw docs/s", "mv docs/s docs/s~; echo 2 > docs/s | mv docs/s docs/f", {"private/s|1"}},
-      {"withdraw docs/s", "sed -i s/d/e/ docs/s | mv docs/s docs/f", {"private/s|1"}},
-      {"withdraw docs/s", "ln docs/s docs/h", {"private/s|1"}},
-      {"withdraw docs/s", "cp docs/s docs/copy", {"docs/copy|1", "private/s|1"}},
-      {"remove docs/s", "echo 2 > docs/t; mv docs/t docs/s | mv docs/s docs/f", {"private/s|1"}},
-      {"remove docs/s", "mv docs/s private/s", {}},
-      {"withdraw private", "mv private/s docs/t", {"docs/s|1"}},
-      {"withdraw private",
-       "mv private private2; mkdir private; mv private2/s docs/t",
-       {"docs/s|1"}},
-      {"withdraw private", "ln private/s docs/h; rm private/s | touch docs/h", {"docs/s|1"}},
-      {"nominate --metadata private", "mv private/s docs/t", {"docs/s|1", "docs/t|0"}},
-      {"nominate --metadata docs/s", "sed -i s/d/e/ docs/s | mv docs/s t", {"private/s|1", "t|0"}},
-      {"remove private", "mv private/s docs/t", {"docs/s|1", "docs/t|1"}}};
-  int number = 0;
-  for (const auto& [decision, steps, expected] : rows) {
-    const std::string folder = docs + "row" + std::to_string(++number) + "/";
-    for (const char* name : {"docs/s", "private/s"}) home.writeFile(folder + name, name);
-    const auto say = [&](const std::string& command) {
-      const Outcome outcome = index(home, command, folder);
-      EXPECT_EQ(outcome.status, 0) << command << ": " << outcome.output;
-    };
-    say("add --nominate content .");
-    say(decision);
-    std::istringstream rest(steps);
-    for (std::string step; std::getline(rest, step, '|');) {
-      ASSERT_EQ(std::system(("cd \"" + folder + "\" && " + step).c_str()), 0) << step;
-      say("update");
-    }
-    EXPECT_EQ(home.query("SELECT substr(path," + std::to_string(folder.size() + 1) +
-                         "), allow_content FROM mcp_exposure ORDER BY path"),
-              expected)
-        << decision << ": " << steps;
-    say("remove .");
-  }
 }
 
 // A decision about a name is about what lies there now: what lay there before keeps its own.
