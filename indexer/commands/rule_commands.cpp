@@ -70,8 +70,8 @@ ExitStatus changeEach(const std::vector<std::string>& paths, const char* done,
 
 bool hasIndexedFile(const Connection& index, const std::string& path) {
   const PathRange range(path);
-  return Statement(index, std::string("SELECT 1 FROM file WHERE ") + AT_OR_BELOW + " LIMIT 1",
-                   std::vector{range.path, range.firstBelow, range.firstBehind})
+  return Statement(index, "SELECT 1 FROM file WHERE " + PathRange::condition() + " LIMIT 1",
+                   range.binds())
       .step();
 }
 

@@ -48,15 +48,15 @@ std::optional<std::vector<std::string>> indexedFiles(const Connection& index,
                                                      const std::string& path,
                                                      const char* condition = "") {
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW + condition,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT path FROM file WHERE " + PathRange::condition() + condition,
+                      range.binds());
   std::vector<std::string> files;
   while (statement.step()) files.push_back(statement.text(0));
   if (!statement.isDone()) return std::nullopt;
   return files;
 }
 
-std::vector<std::string> texts(const Connection& index, const char* sql,
+std::vector<std::string> texts(const Connection& index, const std::string& sql,
                                const std::vector<std::string>& binds) {
   Statement statement(index, sql, binds);
   std::vector<std::string> all;
@@ -76,10 +76,8 @@ bool forgetUnderFormerNames(const Connection& index, const Rules& rules, const s
     if (!before || !showsLess(*before, present->kind)) continue;
     const PathRange range(former);
     for (const std::string& file :
-         texts(index,
-               "SELECT DISTINCT path FROM restricted_file WHERE (path = ? OR (path >= ? AND path < "
-               "?))",
-               {range.path, range.firstBelow, range.firstBehind})) {
+         texts(index, "SELECT DISTINCT path FROM restricted_file WHERE " + PathRange::condition(),
+               range.binds())) {
       const auto rule = rules.holdingFor(file);
       if (!rule || rule->path != former) continue;
       const std::vector binds{file};

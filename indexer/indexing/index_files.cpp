@@ -304,8 +304,8 @@ IndexingReport removeUnindexed(const Connection& index, const std::string& path)
   IndexingReport report;
   const auto decisions = readDecisions(index);
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT path FROM file WHERE " + PathRange::condition(),
+                      range.binds());
   std::vector<std::string> unindexed;
   while (decisions && statement.step()) {
     std::string file = statement.text(0);

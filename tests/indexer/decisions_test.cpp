@@ -168,13 +168,13 @@ TEST_F(DecisionsTest, HideWhatAKilledRemovalLeft) {
   run("add", "private old");
   home.execute(
       "DELETE FROM root WHERE path LIKE '%/private';"
-      "INSERT INTO setting SELECT 'removing ' || path || '/private', '' FROM "
+      "INSERT INTO removal SELECT path || '/private' FROM "
       "(SELECT substr(path, 1, length(path) - 4) AS path FROM root)");
   run("nominate", "private");
   EXPECT_EQ(shown(), Rows());
   run("update", "");
   EXPECT_EQ(home.query("SELECT name FROM file"), Rows{"x"});
-  EXPECT_EQ(home.query("SELECT 1 FROM setting WHERE name LIKE 'removing%'"), Rows());
+  EXPECT_EQ(home.query("SELECT path FROM removal"), Rows());
 }
 
 TEST_F(DecisionsTest, LeaveOutWhatMatchesIsIgnoredOrACache) {
