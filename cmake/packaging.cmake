@@ -11,8 +11,10 @@ install(FILES indexer/commands/completions/_norvast_index
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/vendor-completions)
 install(FILES indexer/commands/completions/norvast_index.fish
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d)
-install(FILES README.md CHANGELOG.md LICENSE SECURITY.md docs/using.md cmake/copyright
+install(FILES README.md CHANGELOG.md LICENSE SECURITY.md cmake/copyright
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
+install(FILES docs/using.md docs/decisions.md
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp/docs)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME norvast-mcp)
