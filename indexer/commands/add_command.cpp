@@ -1,6 +1,7 @@
 // The commands that read files: add and update.
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <set>
@@ -92,14 +93,20 @@ std::string unusedPatterns(const std::vector<std::string>& patterns,
   return text;
 }
 
+// Why something could not be done; nothing when it is.
+using Obstacle = std::optional<std::string>;
+
+// Calls `show` when all is indexed.
 ExitStatus indexAndReport(const Connection& index, const std::vector<std::string>& paths,
-                          const std::vector<std::string>& newPatterns, const RunChoices& run) {
+                          const std::vector<std::string>& newPatterns, const RunChoices& run,
+                          const std::function<Obstacle()>& show) {
   const std::vector<std::string> outer = withoutNested(paths);
   auto sentence = SentenceEmbedding::english();
   Progress progress(run.verbosity);
-  const IndexingReport report =
+  IndexingReport report =
       run.run == Run::dry ? rehearseIndexing(index, sentence, outer, run.selection)
                           : indexFiles(index, sentence, outer, &progress, nullptr, run.selection);
+  if (!report.obstacle) report.obstacle = show();
   if (run.run == Run::real) giveBackSpace(index);
   if (run.verbosity == Verbosity::normal) {
     std::cout << (run.run == Run::dry ? forecastText(index, report, outer)
@@ -136,13 +143,30 @@ ExitStatus addCommand(const std::vector<std::string>& paths, const AddChoices& c
     return failToWrite(index.lastFailure());
   }
   CurrentDecisions current(index);
+  // What is indexed already is shown when it was read again: its owner may have taken out of it
+  // what is not to be shown. New files are shown as they come.
+  std::vector<std::string> shownAfter;
   for (const std::string& root : roots) {
-    const DecisionChange change = addRoot(current, root, choices);
+    AddChoices first = choices;
+    if (choices.nomination && hasIndexedFile(index, root)) {
+      shownAfter.push_back(root);
+      first.nomination.reset();
+    }
+    const DecisionChange change = addRoot(current, root, first);
     if (change.obstacle) return failToWrite(*change.obstacle);
-    remarks += changeRemarks(change, root);
+    if (first.nomination == choices.nomination) remarks += changeRemarks(change, root);
   }
+  const auto show = [&]() -> Obstacle {
+    current.forget();
+    for (const std::string& root : shownAfter) {
+      const DecisionChange change = addRoot(current, root, choices);
+      if (change.obstacle) return change.obstacle;
+      if (run.verbosity == Verbosity::normal) std::cout << changeRemarks(change, root);
+    }
+    return std::nullopt;
+  };
   if (run.verbosity == Verbosity::normal) std::cout << remarks;
-  return indexAndReport(index, roots, choices.exclusions, run);
+  return indexAndReport(index, roots, choices.exclusions, run, show);
 }
 
 ExitStatus updateCommand(const RunChoices& run) {
@@ -158,7 +182,7 @@ ExitStatus updateCommand(const RunChoices& run) {
   }
   std::vector<std::string> roots;
   for (const Root& root : decisions->roots) roots.push_back(root.path);
-  return indexAndReport(index, roots, {}, run);
+  return indexAndReport(index, roots, {}, run, [] { return Obstacle(); });
 }
 
 }  // namespace norvast::indexer

@@ -2,13 +2,17 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <system_error>
+#include <utility>
 #include <variant>
 
+#include "embedding/sentence_embedding.h"
 #include "indexer/commands/commands.h"
 #include "indexer/console/command_output.h"
 #include "indexer/console/decision_text.h"
 #include "indexer/console/json_output.h"
+#include "indexer/console/report_remarks.h"
 #include "indexer/console/rules_view.h"
 #include "indexer/console/terminal.h"
 #include "indexer/decisions/decision_changes.h"
@@ -37,6 +41,18 @@ std::string outcome(const DecisionChange& change, bool wasInRoot, const std::str
     return shown + ": in no indexed folder; the rule is kept for when it is: norvast_index add";
   }
   return shown + ": no indexed file follows the rule yet; it is kept";
+}
+
+// Reads what changed at and below the path, so that what is shown from now on is what is there now,
+// and not what its owner has taken out of it since it was indexed. Says why the index could not be
+// written.
+std::optional<std::string> readAgain(CurrentDecisions& current, const std::string& path) {
+  auto sentence = SentenceEmbedding::english();
+  Progress progress(Verbosity::normal);
+  const IndexingReport report = indexFiles(current.index(), sentence, {path}, &progress);
+  current.forget();
+  std::cout << restrictedText(report.restrictedAgain);
+  return report.obstacle;
 }
 
 using Change = std::function<DecisionChange(CurrentDecisions&, const std::string&)>;
@@ -78,6 +94,9 @@ bool hasIndexedFile(const Connection& index, const std::string& path) {
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination) {
   const RuleKind kind = nomination == Nomination::content ? RuleKind::content : RuleKind::metadata;
   return changeEach(paths, "nominated", [kind](CurrentDecisions& current, const std::string& path) {
+    if (auto obstacle = readAgain(current, path)) {
+      return DecisionChange{0, {}, false, std::move(obstacle)};
+    }
     return decide(current, {path, kind});
   });
 }
@@ -125,6 +144,7 @@ ExitStatus clearRulesCommand(const std::vector<std::string>& paths) {
       status = fail(path + ": there is no rule for it; see norvast_index rules");
       continue;
     }
+    if (const auto obstacle = readAgain(current, *place)) return failToWrite(*obstacle);
     const DecisionChange change = dropDecision(current, *place);
     if (change.obstacle) return failToWrite(*change.obstacle);
     std::cout << clearedText(index, *place) << "\n";

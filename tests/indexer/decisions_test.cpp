@@ -291,6 +291,26 @@ TEST_F(DecisionsTest, AreAboutWhatLiesThereNow) {
   }
 }
 
+// The index may hold what the user has just taken out of a file, or another file's text. A trigger
+// tells what clients of a running server could read at the moment when it was shown.
+TEST_F(DecisionsTest, ShowWhatIsThereNow) {
+  for (const char* showing : {"nominate --content", "rules clear", "add --nominate content"}) {
+    for (const char* name : {"a", "private/s"}) home.writeFile(docs + name, "a secret number");
+    run("add --nominate content", ".");
+    run("withdraw", "a private");
+    for (const char* name : {"a", "private/s"}) home.writeFile(docs + name, "only a number");
+    home.execute(
+        "CREATE TABLE shown(text TEXT); CREATE TRIGGER show AFTER INSERT ON mcp_exposure BEGIN "
+        "INSERT INTO shown SELECT text FROM chunk WHERE path = NEW.path; END");
+    run(showing, "a private");
+    EXPECT_EQ(home.query("SELECT DISTINCT text FROM shown WHERE text LIKE '%number'"),
+              Rows{"only a number"})
+        << showing;
+    home.execute("DROP TRIGGER show; DROP TABLE shown");
+    run("remove", ".");
+  }
+}
+
 // A link at the old place leads to the new one.
 TEST_F(DecisionsTest, HoldBehindALinkForWhatLiesThere) {
   if (!fileIdentity(docs)) GTEST_SKIP() << "the file system keeps no times of birth";

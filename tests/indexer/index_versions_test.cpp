@@ -56,7 +56,7 @@ TEST(IndexVersions, RemakeTablesOfAnotherLayout) {
     home.execute(std::string("ALTER TABLE ") + table + " ADD COLUMN later TEXT");
   }
   home.execute("PRAGMA user_version = 0; INSERT INTO setting(name,value) VALUES('x','y');");
-  EXPECT_EQ(index(home, "nominate --metadata '" + docs + "'").status, 0);
+  EXPECT_EQ(index(home, "withdraw '" + docs + "'").status, 0);
   EXPECT_EQ(home.query("SELECT * FROM chunk"), Rows());
   EXPECT_EQ(home.query("SELECT name, size, modified FROM file"), before);
   EXPECT_EQ(home.query("SELECT value FROM setting WHERE name = 'x'"), Rows{"y"});
