@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "extractor/office/number_format.h"
+#include "document/number_format.h"
 #include "extractor/office/zip_parts.h"
 
 namespace norvast::extractor {
@@ -13,8 +13,8 @@ namespace norvast::extractor {
 class CellFormats {
  public:
   // Takes the styles from the part `styles` (ECMA-376-1, 18.8), which may be nullptr. Days are
-  // counted from 1904 if `from1904`, else from 1900 (ECMA-376-1, 18.17.4.1).
-  CellFormats(const ZipPart* styles, bool from1904);
+  // counted as `count` says (ECMA-376-1, 18.17.4.1).
+  CellFormats(const ZipPart* styles, DayCount count);
 
   // Returns the number in `value` as a person would read it: "2026-03-01", "2026-03-01 14:30",
   // "14:30:05" or "36:00" (hours) if the style shows a date or time, else with at most 15 digits.
@@ -24,7 +24,7 @@ class CellFormats {
 
  private:
   std::vector<NumberFormat> formats_;  // by style number
-  bool from1904_;
+  DayCount count_;
 };
 
 }  // namespace norvast::extractor

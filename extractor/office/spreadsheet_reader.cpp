@@ -30,7 +30,7 @@ struct Sheet {
 
 struct Workbook {
   std::vector<Sheet> sheets;
-  bool from1904 = false;
+  DayCount dayCount = DayCount::from1900;
 };
 
 std::optional<Workbook> readWorkbook(const OfficeParts& office,
@@ -42,7 +42,7 @@ std::optional<Workbook> readWorkbook(const OfficeParts& office,
     if (event != Event::start) continue;
     if (xml.name() == "workbookPr") {
       const std::string base = xml.attribute("date1904");
-      workbook.from1904 = base == "1" || base == "true";
+      if (base == "1" || base == "true") workbook.dayCount = DayCount::from1904;
     }
     if (xml.name() == "sheet") {
       workbook.sheets.push_back(
@@ -157,7 +157,7 @@ ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters
     return findPart(office.parts, targetOfType(relationships, type));
   };
   const auto shared = sharedTexts(partOf("sharedStrings"));
-  const CellFormats formats(partOf("styles"), workbook->from1904);
+  const CellFormats formats(partOf("styles"), workbook->dayCount);
   DocumentBuilder document("Office Open XML", limitCharacters);
   addOfficeProperties(office.parts, document);
   for (const Sheet& sheet : workbook->sheets) {

@@ -6,8 +6,11 @@
 #include <gsf/gsf-meta-names.h>
 #include <gsf/gsf-msole-utils.h>
 #include <gsf/gsf-utils.h>
+#include <iconv.h>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "document/reading_bounds.h"
 #include "text/ascii.h"
@@ -15,6 +18,12 @@
 
 namespace norvast::extractor {
 namespace {
+
+// Encodings of properties, whose converters the C library would load at their first use.
+constexpr const char* ENCODINGS[] = {"UTF-16LE", "CP1250", "CP1251", "CP1252", "CP1253",
+                                     "CP1254",   "CP1255", "CP1256", "CP1257", "CP1258",
+                                     "CP437",    "CP850",  "CP852",  "CP866",  "CP874",
+                                     "CP932",    "CP936",  "CP949",  "CP950",  "MACINTOSH"};
 
 OwnedGObject<GsfInput> inputOf(std::string_view bytes) {
   const auto* data = reinterpret_cast<const guint8*>(bytes.data());
@@ -32,7 +41,13 @@ std::string propertyText(GsfDocMetaData* properties, const char* name) {
 
 }  // namespace
 
-void CompoundFile::prepare() { gsf_init(); }
+void CompoundFile::prepare() {
+  gsf_init();
+  // Never closed, so that what they loaded stays.
+  static std::array<iconv_t, std::size(ENCODINGS)> converters{};
+  std::transform(std::begin(ENCODINGS), std::end(ENCODINGS), converters.begin(),
+                 [](const char* encoding) { return iconv_open("UTF-8", encoding); });
+}
 
 std::optional<CompoundFile> CompoundFile::open(std::string_view bytes) {
   const auto input = inputOf(bytes);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr DocumentKind KINDS[] = {
     {"old-word", readOldWord, prepareOldWord},
-    {"old-spreadsheet", readOldSpreadsheet, prepareOldSpreadsheet},
+    {"old-spreadsheet", readOldSpreadsheet, CompoundFile::prepare},
     {"old-presentation", readOldPresentation, CompoundFile::prepare},
     {"old-office", readOldOffice, prepareOldOffice},
     {"old-mail", readOutlookMail, CompoundFile::prepare},

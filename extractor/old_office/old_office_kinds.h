@@ -1,5 +1,5 @@
 // Old office kinds: the readers of the files of older office programs, which have a program of
-// their own: one of their libraries takes fopen for itself, and another is old.
+// their own: one of their libraries is old.
 #pragma once
 
 #include <string_view>

@@ -33,10 +33,7 @@ constexpr TellingStream STREAMS[] = {
 
 }  // namespace
 
-void prepareOldOffice() {
-  prepareOldWord();
-  prepareOldSpreadsheet();
-}
+void prepareOldOffice() { prepareOldWord(); }
 
 ReadDocument readOldOffice(std::string_view bytes, std::size_t limitCharacters) {
   const auto file = CompoundFile::open(bytes);

@@ -8,16 +8,14 @@ using namespace extractor;
 
 namespace {
 
-enum class Epoch { from1900, from1904 };
-
-std::string shown(const std::string& format, const char* number, Epoch epoch) {
+std::string shown(const std::string& format, const char* number, DayCount epoch) {
   const bool isBuiltIn = format.find_first_not_of("0123456789") == std::string::npos;
   const std::string id = isBuiltIn ? format : "164";
   const ZipPart styles{"<s><numFmts><numFmt numFmtId='164' formatCode='" + format +
                        "'/></numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs>"
                        "<cellXfs><xf numFmtId='" +
                        id + "'/></cellXfs></s>"};
-  return CellFormats(&styles, epoch == Epoch::from1904).shown(number, "0");
+  return CellFormats(&styles, epoch).shown(number, "0");
 }
 
 TEST(CellFormats, ShowsDatesAndTimesByTheFormat) {
@@ -25,7 +23,7 @@ TEST(CellFormats, ShowsDatesAndTimesByTheFormat) {
     const char* format;  // a code, or the number of a built-in one
     const char* number;
     const char* text;
-    Epoch epoch = Epoch::from1900;
+    DayCount epoch = DayCount::from1900;
   } rows[] = {
       {"14", "46082", "2026-03-01"},
       {"14", "46082.6", "2026-03-01"},
@@ -62,8 +60,8 @@ TEST(CellFormats, ShowsDatesAndTimesByTheFormat) {
       {"14", "-1", "-1"},
       {"14", "2958465", "9999-12-31"},
       {"14", "2958466", "2958466"},
-      {"14", "0", "1904-01-01", Epoch::from1904},
-      {"14", "44620", "2026-03-01", Epoch::from1904},
+      {"14", "0", "1904-01-01", DayCount::from1904},
+      {"14", "44620", "2026-03-01", DayCount::from1904},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(shown(row.format, row.number, row.epoch), row.text) << row.format;

@@ -1,12 +1,21 @@
-#include "extractor/office/number_format.h"
+#include "document/number_format.h"
 
 #include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "text/ascii.h"
 
-namespace norvast::extractor {
+namespace norvast {
 namespace {
+
+// 9999-12-31, behind which there are no dates.
+constexpr double MOST_DAYS = 2'958'465;
 
 // A code has up to four sections with ";" between them, for numbers above, below and at zero and
 // for texts; dates are in the first. Its letters are those of Excel's own codes (ECMA-376-1,
@@ -57,6 +66,46 @@ bool isMinutes(std::string_view parts, std::size_t at) {
   return before == 'h' || parts.substr(at + 1).starts_with('s');
 }
 
+template <typename... Values>
+std::string printed(const char* format, Values... values) {
+  std::array<char, 40> text{};
+  const int length = std::snprintf(text.data(), text.size(), format, values...);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+// The day that the number stands for. The count from 1900 has a 29th of February in that year, as
+// a spreadsheet had that was to be compatible with (ECMA-376, 18.17.4.1).
+std::string dayText(long long days, DayCount count) {
+  using namespace std::chrono;
+  constexpr long long FALSE_DAY = 60;
+  if (count == DayCount::from1900 && days == FALSE_DAY) return "1900-02-29";
+  const sys_days from1900{year{1899} / 12 / (days < FALSE_DAY ? 31 : 30)};
+  const sys_days first = count == DayCount::from1904 ? sys_days{year{1904} / 1 / 1} : from1900;
+  const year_month_day day{first + std::chrono::days(days)};
+  return printed("%04d-%02u-%02u", static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                 static_cast<unsigned>(day.day()));
+}
+
+std::string timeText(long long seconds, bool withSeconds) {
+  const auto text = printed("%02lld:%02lld", seconds / 3600, seconds / 60 % 60);
+  return withSeconds ? text + printed(":%02lld", seconds % 60) : text;
+}
+
+// To the second, as times that were computed lie a little beside it. Nothing for a day before the
+// first one.
+std::optional<std::string> dateText(double number, const NumberFormat& format, DayCount count) {
+  constexpr long long SECONDS_A_DAY = 86'400;
+  const long long seconds = std::llround(number * SECONDS_A_DAY);
+  const long long days = seconds / SECONDS_A_DAY;
+  if (format.isElapsed) return timeText(seconds, format.hasSeconds);
+  const auto time = timeText(seconds % SECONDS_A_DAY, format.hasSeconds);
+  if (!format.hasDate) return time;
+  const bool hasDay = days > 0 || count == DayCount::from1904;
+  if (!hasDay) return format.hasTime ? std::optional(time) : std::nullopt;
+  const auto day = dayText(days, count);
+  return format.hasTime && seconds % SECONDS_A_DAY != 0 ? day + " " + time : day;
+}
+
 }  // namespace
 
 NumberFormat numberFormat(std::string_view code) {
@@ -101,4 +150,12 @@ NumberFormat builtInNumberFormat(int number) {
   return isLocal || number == 22 ? numberFormat("yyyy-mm-dd h:mm") : NumberFormat();
 }
 
-}  // namespace norvast::extractor
+// A number has 15 significant digits in a cell, so that 0.1 + 0.2 is shown as 0.3.
+std::string shownNumber(double number, const NumberFormat& format, DayCount count) {
+  if (format.isDate() && number >= 0 && number <= MOST_DAYS) {
+    if (auto text = dateText(number, format, count)) return *std::move(text);
+  }
+  return printed("%.15g", number);
+}
+
+}  // namespace norvast
