@@ -109,8 +109,9 @@ TEST(OldSpreadsheet, ShowsTheCellsOfEachVersion) {
                         record(0x204, at + numbers({1}) + "a")),
        "a\tb\n\nc"},
       {"a chart in a sheet",
-       sheet(0x500, record(0x809, numbers({0x500, 0x20})) + record(0x204, at + numbers({1}) + "x") +
-                        END + record(0x204, at + numbers({1}) + "a")),
+       sheet(0x500, record(0x809, numbers({0x500, 0x20})) +
+                        record(0x204, cell(1, 0) + numbers({1}) + "x") + END +
+                        record(0x204, at + numbers({1}) + "a")),
        "a"},
       {"a record that is cut", sheet(0x500, record(0x204, at + numbers({1}) + "a")) + "\4", "a"},
       {"a length beyond the text", sheet(0x500, record(0x204, at + numbers({900}) + "ab")), "ab"},
