@@ -29,6 +29,10 @@ inline constexpr std::int64_t READ_ANEW = -1;
 // Nothing when that is done, else why the index cannot be written; it is then as before.
 std::optional<std::string> obstacleToPresentTables(const Connection& index);
 
+// Returns true when there is a view in the index, which has none as this program makes it. One in
+// the place of a table may have no end.
+bool hasViews(const Connection& index);
+
 // Whether all tables are there as this version makes them, or it is an earlier version's index.
 // False when that cannot be read.
 bool hasItsTables(const Connection& index);
