@@ -19,7 +19,7 @@
 #include "platform/descriptor.h"
 #include "platform/folders.h"
 #include "store/mcp_store.h"
-#include "tests/file_bytes.h"
+#include "tests/harness/file_bytes.h"
 #include "text/utf8.h"
 #include "tools/call_tool.h"
 

@@ -11,7 +11,8 @@ install(FILES indexer/commands/completions/_norvast_index
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/vendor-completions)
 install(FILES indexer/commands/completions/norvast_index.fish
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d)
-install(FILES README.md CHANGELOG.md SECURITY.md cmake/copyright DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
+install(FILES README.md CHANGELOG.md LICENSE SECURITY.md docs/using.md cmake/copyright
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/norvast-mcp)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME norvast-mcp)

@@ -70,6 +70,8 @@ std::variant<std::string, ReadFailure> isolatedText(const char* program,
   return output;
 }
 
+RegularFile emptyFile() { return {Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)), 0}; }
+
 }  // namespace
 
 Deadline readingDeadline() { return std::chrono::steady_clock::now() + TIME_TO_READ; }
@@ -87,6 +89,12 @@ std::variant<std::string, ReadFailure> isolatedImageText(const RegularFile& file
   return isolatedText("norvast_extract_image", {languages}, file, limitClusters, deadline);
 }
 
+std::optional<LockState> isolationLock() {
+  const auto word = isolated({"norvast_extract_pdf", {"--lock"}}, emptyFile(), readingDeadline());
+  const auto* text = std::get_if<std::string>(&word);
+  return text == nullptr ? std::nullopt : lockStateOf(*text);
+}
+
 // The program looks for its models before it looks at its file, which is empty here.
 bool recognizesLanguage(const std::string& name) {
   const auto isOfName = [](char character) {
@@ -94,8 +102,7 @@ bool recognizesLanguage(const std::string& name) {
            (character >= 'a' && character <= 'z') || character == '_';
   };
   if (name.empty() || !std::all_of(name.begin(), name.end(), isOfName)) return false;
-  const RegularFile nothing{Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)), 0};
-  const auto read = isolatedImageText(nothing, 1, readingDeadline(), name);
+  const auto read = isolatedImageText(emptyFile(), 1, readingDeadline(), name);
   const auto* failure = std::get_if<ReadFailure>(&read);
   return failure != nullptr && *failure == ReadFailure::noText;
 }

@@ -4,11 +4,13 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "document/document.h"
+#include "document/lock_state.h"
 #include "document/read_failure.h"
 #include "platform/regular_file.h"
 
@@ -44,5 +46,10 @@ struct IsolatedReader {
 std::variant<Document, ReadFailure> isolatedDocument(const IsolatedReader& reader,
                                                      const RegularFile& file,
                                                      Deadline deadline = readingDeadline());
+
+// How far the programs that read files can lock themselves in on this system, as one of them says
+// that has just done so. Returns nothing when it is not installed or cannot: then none reads a
+// file.
+std::optional<LockState> isolationLock();
 
 }  // namespace norvast

@@ -1,5 +1,6 @@
 #include "document/document.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "text/utf8.h"
@@ -27,7 +28,29 @@ void append(std::string& bytes, char letter, std::string_view text) {
   bytes += END;
 }
 
+bool isNameTooLong(const DocumentBlock& block) {
+  using Kind = DocumentBlock::Kind;
+  return (block.kind == Kind::heading || block.kind == Kind::part) &&
+         block.text.size() > MOST_NAME_BYTES;
+}
+
+bool isWithinBounds(const Document& document) {
+  return document.method.size() <= MOST_METHOD_BYTES && document.title.size() <= MOST_NAME_BYTES &&
+         document.author.size() <= MOST_NAME_BYTES &&
+         std::none_of(document.blocks.begin(), document.blocks.end(), isNameTooLong);
+}
+
 }  // namespace
+
+Document withinBounds(Document document) {
+  document.method.resize(firstBytes(document.method, MOST_METHOD_BYTES).size());
+  document.title.resize(firstBytes(document.title, MOST_NAME_BYTES).size());
+  document.author.resize(firstBytes(document.author, MOST_NAME_BYTES).size());
+  for (DocumentBlock& block : document.blocks) {
+    if (isNameTooLong(block)) block.kind = DocumentBlock::Kind::paragraph;
+  }
+  return document;
+}
 
 std::string pageName(int number) { return "Page " + std::to_string(number); }
 
@@ -66,6 +89,7 @@ std::optional<Document> parseDocument(std::string_view bytes) {
       document.blocks.push_back({static_cast<DocumentBlock::Kind>(letter), std::move(text)});
     }
   }
+  if (!isWithinBounds(document)) return std::nullopt;
   return document;
 }
 

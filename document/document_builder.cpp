@@ -9,6 +9,8 @@
 namespace norvast {
 namespace {
 
+// U+00A0 keeps words on one line, U+00AD says where a word may be parted: both are about looks
+// alone, and a search for the word would not find it.
 constexpr std::string_view NO_BREAK_SPACE = "\xC2\xA0";
 constexpr std::string_view SOFT_HYPHEN = "\xC2\xAD";
 
@@ -17,6 +19,7 @@ bool isControl(char character) {
   return byte < 0x20 || byte == 0x7F;
 }
 
+// All bytes of a scalar but its first have the bits 10 in front (The Unicode Standard, table 3-6).
 bool startsScalar(char character) { return (static_cast<unsigned char>(character) & 0xC0) != 0x80; }
 
 // The leading scalars of the text, at most `left`, which is lowered by their number.

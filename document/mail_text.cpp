@@ -8,6 +8,8 @@ namespace norvast {
 
 using Kind = DocumentBlock::Kind;
 
+// What begins with ">" is quoted from an earlier mail. The line "-- ", with its blank, begins the
+// signature, which ends with the mail (RFC 3676, section 4.3).
 void addMailText(std::string_view text, DocumentBuilder& document) {
   std::string paragraph;
   Kind kind = Kind::paragraph;

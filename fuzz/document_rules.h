@@ -14,7 +14,8 @@ inline void mustKeepTheRules(const ReadDocument& read, std::size_t limitCharacte
   const auto* document = std::get_if<Document>(&read);
   if (document == nullptr) return;
   mustHold(!document->blocks.empty());
-  mustHold(parseDocument(writeDocument(*document)) == *document);
+  const Document bounded = withinBounds(*document);
+  mustHold(parseDocument(writeDocument(bounded)) == bounded);
   for (const DocumentBlock& block : document->blocks) {
     mustHold(block.text.size() <= 4 * limitCharacters);
     mustHold(validUtf8Length(block.text) == block.text.size());

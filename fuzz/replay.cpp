@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "tests/file_bytes.h"
+#include "tests/harness/file_bytes.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "server/dispatch.h"
-#include "tests/file_bytes.h"
-#include "tests/test_home.h"
+#include "tests/harness/file_bytes.h"
+#include "tests/harness/test_home.h"
 
 namespace norvast {
 

@@ -3,34 +3,22 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "language/function_word_lists.h"
+#include "text/unicode.h"
 
 namespace norvast {
 namespace {
 
-static_assert(function_word_lists::ALL.size() == LANGUAGES);
-
-LanguageBits bit(std::size_t language) { return static_cast<LanguageBits>(1U << language); }
-
-// Calls `visit` with each word of a list that blanks separate.
-template <typename Visit>
-void forEachWord(std::string_view list, Visit visit) {
-  while (!list.empty()) {
-    const std::size_t length = std::min(list.find(' '), list.size());
-    if (length > 0) visit(list.substr(0, length));
-    list.remove_prefix(std::min(length + 1, list.size()));
-  }
-}
-
 class Lists {
  public:
   Lists() {
-    for (std::size_t language = 0; language < LANGUAGES; ++language) {
-      const auto& list = function_word_lists::ALL[language];
-      forEachWord(list.everywhere,
-                  [&](std::string_view word) { entry(word).everywhere |= bit(language); });
-      forEachWord(list.inItsTextsAlone,
-                  [&](std::string_view word) { entry(word).inItsTextsAlone |= bit(language); });
+    for (std::size_t place = 0; place < LANGUAGES.size(); ++place) {
+      const Language& language = *LANGUAGES[place];
+      for (const std::string_view word : wordsOf(language.functionWords)) {
+        entry(word).everywhere |= languageBit(place);
+      }
+      for (const std::string_view word : wordsOf(language.functionWordsInItsTextsAlone)) {
+        entry(word).inItsTextsAlone |= languageBit(place);
+      }
     }
   }
 
@@ -57,26 +45,26 @@ FunctionWord functionWord(std::string_view word) {
   return LISTS.find(word);
 }
 
+bool isFunctionWordIn(std::string_view word, LanguageBits languages) {
+  const FunctionWord found = functionWord(foldDiacritics(lowerCase(word)));
+  return ((found.everywhere | found.inItsTextsAlone) & languages) != 0;
+}
+
 void FunctionWordCount::add(FunctionWord word, double count) {
   if (word.everywhere == 0) return;
-  for (std::size_t language = 0; language < LANGUAGES; ++language) {
-    if ((word.everywhere & bit(language)) != 0) counts_[language] += count;
+  for (std::size_t language = 0; language < LANGUAGES.size(); ++language) {
+    if ((word.everywhere & languageBit(language)) != 0) counts_[language] += count;
   }
 }
 
 bool FunctionWordCount::holds(FunctionWord word) const {
   if (word.everywhere != 0) return true;
   if (word.inItsTextsAlone == 0) return false;
-  for (std::size_t language = 0; language < LANGUAGES; ++language) {
-    if ((word.inItsTextsAlone & bit(language)) != 0 && counts_[language] > counts_[0]) return true;
+  for (std::size_t language = 0; language < LANGUAGES.size(); ++language) {
+    if ((word.inItsTextsAlone & languageBit(language)) != 0 && counts_[language] > counts_[0])
+      return true;
   }
   return false;
-}
-
-std::optional<Language> FunctionWordCount::language() const {
-  const auto* const most = std::max_element(counts_.begin(), counts_.end());
-  if (*most == 0) return std::nullopt;
-  return static_cast<Language>(most - counts_.begin());
 }
 
 }  // namespace norvast

@@ -2,18 +2,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <string_view>
 
+#include "language/languages.h"
+
 namespace norvast {
-
-enum class Language : std::uint8_t { english, german, french, spanish, italian, portuguese, dutch };
-inline constexpr std::size_t LANGUAGES = 7;
-
-// Languages, one bit each: 1 << Language.
-using LanguageBits = std::uint8_t;
 
 // In which languages a word is a function word: an article, a pronoun, a preposition, a
 // conjunction, an auxiliary, a question word, an adverb of degree, the remains of a contraction
@@ -26,10 +19,11 @@ struct FunctionWord {
 // `word` is in lower case and without marks, as `weighedWords` gives them.
 FunctionWord functionWord(std::string_view word);
 
-// True for one that is a function word in any text.
-inline bool isFunctionWord(std::string_view word) { return functionWord(word).everywhere != 0; }
+// True if a word, in any case and with its diacritics, is a function word in texts of one of the
+// languages.
+bool isFunctionWordIn(std::string_view word, LanguageBits languages);
 
-// Counts the function words of a text by language, and tells its language from them.
+// Counts the function words of a text by language, and tells which of its words are function words.
 class FunctionWordCount {
  public:
   void add(FunctionWord word, double count = 1);
@@ -38,12 +32,8 @@ class FunctionWordCount {
   // has more function words than of English.
   bool holds(FunctionWord word) const;
 
-  // The language with most function words, the first of equals in the order of `Language`. Nothing
-  // when there was none.
-  std::optional<Language> language() const;
-
  private:
-  std::array<double, LANGUAGES> counts_{};
+  std::array<double, LANGUAGES.size()> counts_{};
 };
 
 }  // namespace norvast

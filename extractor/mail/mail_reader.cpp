@@ -75,6 +75,15 @@ bool isAttachment(GMimeObject* object) {
          g_ascii_strcasecmp(g_mime_object_get_disposition(object), "attachment") == 0;
 }
 
+// The parts of a mail (RFC 2045, RFC 2046) and what becomes of them:
+//   multipart/alternative   one text in several forms, the plainest first: the first that says
+//                           anything is taken
+//   multipart/*             all parts, one after the other
+//   multipart/encrypted, application/pkcs7-mime    not read, told as encrypted
+//   message/rfc822          a mail within the mail: its sender, its subject as a heading, its text
+//   text/calendar, text/x-vcard, and what is an attachment or no text    its name alone
+//   text/html               as a page
+//   text/*                  as plain text
 class MailText {
  public:
   explicit MailText(DocumentBuilder& document) : document_(document) {}
@@ -108,7 +117,7 @@ class MailText {
     }
   }
 
-  // Of alternatives the last is the richest, and the first, as a rule, plain text.
+  // The order of alternatives goes from the plainest to the richest (RFC 2046, section 5.1.4).
   void addMultipart(GMimeMultipart* multipart, std::size_t depth) {
     const bool isAlternative = isType(GMIME_OBJECT(multipart), "multipart", "alternative");
     const int count = g_mime_multipart_get_count(multipart);
@@ -196,6 +205,7 @@ ReadDocument readMail(std::string_view bytes, std::size_t limitCharacters) {
   return document.take();
 }
 
+// A mailbox (RFC 4155) puts the line "From sender date" before each mail.
 ReadDocument readMailbox(std::string_view bytes, std::size_t limitCharacters) {
   if (!bytes.starts_with("From ")) return ReadFailure::decodingFailed;
   const auto parser = parserOf(bytes, GMIME_FORMAT_MBOX);

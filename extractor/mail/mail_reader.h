@@ -8,16 +8,18 @@
 
 namespace norvast::extractor {
 
-// The subject as title, the sender as author; From, To, Cc and Date as details; then the text: of
-// forms of one text the plain one, if it says anything; what it quotes of earlier mails, and what
-// stands behind the line "-- ", as asides. Mails within it follow, attachments are details by their
-// names. decodingFailed when the bytes are no mail, encrypted when all its text is.
+// Returns a mail with its subject as the title and its sender as the author. From, To, Cc and Date
+// are details, as are the names of attachments. Of several forms of one text the plain one is
+// taken, if it says anything. Quotations of earlier mails and the signature behind the line "-- "
+// are asides. Mails within the mail follow its text. Fails with decodingFailed if the bytes are no
+// mail, and with encrypted if all of its text is.
 ReadDocument readMail(std::string_view bytes, std::size_t limitCharacters);
 
-// The same for each mail of a mailbox, which begins a part named by its subject.
+// Returns all mails of a mailbox, each as a part with the mail's subject as its name. Fails with
+// decodingFailed if the bytes do not begin as a mailbox does.
 ReadDocument readMailbox(std::string_view bytes, std::size_t limitCharacters);
 
-// The kind of that name, "mail" or "mailbox", or nullptr.
+// Returns the kind of that name, "mail" or "mailbox", or nullptr.
 const DocumentKind* mailKind(std::string_view name);
 
 }  // namespace norvast::extractor

@@ -20,7 +20,7 @@ enum class HtmlElement {
   link,
 };
 
-// Of a name in lower case.
+// Returns the meaning of the element with that name, which is in lower case.
 HtmlElement htmlElement(std::string_view name);
 
 }  // namespace norvast::extractor

@@ -72,6 +72,14 @@ bool isAsideByName(const xmlChar** attributes) {
          isOneOf(NAMES, asciiLowerCase(attribute(attributes, "id")));
 }
 
+// The page comes as a row of events: the start of an element with its attributes, text, the end of
+// an element. The parser has closed what the author left open, but ends may come for elements that
+// never started; these are passed over. A paragraph ends wherever an element that is no part of a
+// line starts or ends, so that blocks need no names of their own here:
+//
+//   <td>Total<br>net</td><td>12 <b>EUR</b></td>   two cells, "Total\nnet" and "12 EUR"
+//   <nav><a href="/">Home</a></nav>               an aside: it says nothing of this page
+//   <p><a href="1">One</a> <a href="2">Two</a>    an aside as well: nothing but links
 // Takes what libxml2's parser finds, for a document of its own.
 class HtmlText {
  public:
@@ -173,6 +181,7 @@ class HtmlText {
   // Ends the paragraph at hand.
   void flush() {
     if (text_.empty()) return;
+    // A table of links is a table, so cells are not asked.
     const bool isLinks = linkBytes_ * 100 > text_.size() * LINK_PERCENT;
     if (asides_ > 0 || (isLinks && cells_ == 0)) return flushAs(Kind::aside);
     if (cells_ == 0 || preformatted_ > 0 || text_.size() > MOST_CELL_BYTES) {
@@ -259,6 +268,8 @@ ReadDocument parseHtml(std::string_view utf8, std::size_t limitCharacters) {
   return parsing.text.take();
 }
 
+// Takes all of these: <meta charset="X">, <meta http-equiv="Content-Type" content="text/html;
+// charset=X">, <?xml version="1.0" encoding="X"?>.
 // The encoding that the page says it has, in lower case.
 std::string declaredEncoding(std::string_view bytes) {
   const std::string head = asciiLowerCase(bytes.substr(0, PRESCAN_BYTES));

@@ -10,15 +10,16 @@
 
 namespace norvast::extractor {
 
-// Headings, paragraphs, list items, table rows; the page's title and author. Scripts, styles and
-// what is hidden are left out; navigation, page headers and footers, and paragraphs that are
-// links for the most part are asides. The encoding is what the page says, else what it looks like.
-// decodingFailed for bytes that are no text, tooLarge for elements beyond MOST_HTML_DEPTH.
+// Returns the headings, paragraphs, list items and table rows of a page, with its title and author.
+// Scripts, styles and hidden elements are left out. Navigation, page headers and footers, and
+// paragraphs that consist mostly of links are asides. The encoding is the one that the page names,
+// else the one that its bytes look like. Fails with decodingFailed if the bytes are no text, and
+// with tooLarge if elements are nested deeper than MOST_HTML_DEPTH.
 ReadDocument readHtml(std::string_view bytes, std::size_t limitCharacters);
 
-// Adds the blocks of a page to a document that has others, and sets the title and author that it
-// does not have. `encoding` counts before what the page says; it may be empty. Nothing when the
-// page could be read, even if it is empty.
+// Adds the blocks of a page to the document, and sets its title and author if it has none yet. If
+// `encoding` is not empty, it counts more than the one that the page names. Returns nothing if the
+// page could be read, even if it is empty, else the reason.
 std::optional<ReadFailure> addHtml(std::string_view bytes, const std::string& encoding,
                                    DocumentBuilder& document);
 

@@ -32,6 +32,11 @@ bool isNoText(std::string_view name) {
 bool isRow(std::string_view name) { return name == "tr" || name == "row"; }
 bool isCell(std::string_view name) { return name == "td" || name == "th" || name == "entry"; }
 
+// What an unknown element means is told by where it stands: one that opens behind text of its
+// parent is a part of a line, as "em" in <p>so <em>very</em> big</p>; any other is a block of its
+// own. Known by name are titles, authors, and the rows and cells of tables in HTML, DocBook ("row",
+// "entry") and office formats. FictionBook puts an author's first and last name in elements of
+// their own, so that these are joined.
 class XmlText {
  public:
   explicit XmlText(DocumentBuilder& document) : document_(document) {}
@@ -108,6 +113,7 @@ class XmlText {
   std::string author_;  // its parts together
 };
 
+// The declaration: <?xml version="1.0" encoding="windows-1251"?> (XML 1.0, section 2.8).
 // The encoding that the declaration names, when libxml2 does not know it without the system's
 // files.
 std::optional<std::string> foreignEncoding(std::string_view bytes) {

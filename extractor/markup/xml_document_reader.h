@@ -8,10 +8,10 @@
 
 namespace norvast::extractor {
 
-// The text of all elements in their order, without tags, attributes, comments and entities: an
-// element that stands within a text belongs to its paragraph, any other is one of its own. Elements
-// named title are headings, the first one is the document's title, and one named author, or its
-// name, says who wrote it. decodingFailed where it is no XML.
+// Returns the text of all elements in their order, without tags, attributes, comments and entities.
+// An element within a text belongs to that paragraph; any other element is a paragraph of its own.
+// Elements named "title" are headings, and the first of them is the document's title. Elements
+// named "author" or "creator" give the author. Fails with decodingFailed if the bytes are not XML.
 ReadDocument readXml(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

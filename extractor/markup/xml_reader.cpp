@@ -5,6 +5,9 @@
 namespace norvast::extractor {
 namespace {
 
+// Neither entities nor a document type are loaded from files or the network, and entities stay
+// unexpanded: one may stand for thousands of millions of characters (NOENT and DTDLOAD are not
+// set).
 constexpr int OPTIONS = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
 
 std::string_view view(const xmlChar* text) {
@@ -35,6 +38,7 @@ XmlReader::XmlReader(std::string_view bytes, const char* encoding) {
 
 XmlReader::Event XmlReader::next() {
   if (!reader_ || event_ == Event::failed) return Event::failed;
+  // The library tells <a/> as one event; whoever counts depths needs the end, too.
   if (isEmptyElement_) {
     isEmptyElement_ = false;
     return event_ = Event::end;

@@ -10,33 +10,35 @@
 
 namespace norvast::extractor {
 
-// Fetches nothing, replaces no entities but XML's own five, and fails on nesting beyond 256. Names
-// are those without prefixes: the kinds of file that are read so use none twice for two things.
+// Loads nothing from elsewhere, replaces only the five entities of XML itself, and fails if
+// elements are nested more than 256 deep. Names are given without their prefixes: none of the
+// formats that are read here uses one name for two things.
 class XmlReader {
  public:
   enum class Event { start, end, text, finished, failed };
 
-  // `bytes` must outlive the reader. Their encoding is what they say, or `encoding` if it is given,
-  // whatever they say.
+  // `bytes` must outlive the reader. The encoding is `encoding` if that is given, else the one that
+  // the bytes name.
   explicit XmlReader(std::string_view bytes, const char* encoding = nullptr);
 
-  // The next event; after the last one always finished, or failed when the text is no XML from
-  // there on. An element without content has a start and an end.
+  // Returns the next event. At the end of the text, and ever after, that is `finished`; from the
+  // first fault on it is `failed`. An element without content has a start and an end.
   Event next();
 
-  // Of a start: goes on to the end of this element, which is passed over too.
+  // After a start: passes over the rest of this element, its end included.
   void skip();
 
-  // Of a start or end: the element's name.
+  // After a start or an end: returns the element's name.
   std::string_view name() const;
 
-  // Of a start: an attribute's value, empty when there is none.
+  // After a start: returns the value of the attribute, empty if there is none.
   std::string attribute(std::string_view name) const;
 
-  // Of a start: the value of the attribute that names another part of the file (r:id, r:embed).
+  // After a start: returns the value of the attribute that names another part of the file (r:id or
+  // r:embed), empty if there is none.
   std::string relationshipId() const;
 
-  // Of a text: as it stands, white space included.
+  // After a text: returns it as it stands, white space included.
   std::string_view text() const;
 
  private:

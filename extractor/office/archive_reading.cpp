@@ -15,10 +15,13 @@ constexpr std::size_t BYTES_A_READ = std::size_t{64} << 10;
 
 }  // namespace
 
+// A few kilobytes can unpack to terabytes. Text packs to about a tenth, tables to a fiftieth; what
+// is far beyond that was made to harm, unless it is small as a whole.
 bool Unpacking::isOutOfProportion() const {
   return unpackedBytes_ > HARMLESS_UNPACKED_BYTES && unpackedBytes_ / MOST_RATIO > packedBytes_;
 }
 
+// An entry that was cut at a limit still counts: its beginning is text as it stands.
 Unpacked Unpacking::readEntry(archive* reader, std::string& into) {
   std::size_t size = 0;
   while (size < MOST_PART_BYTES && unpackedBytes_ < MOST_UNPACKED_BYTES) {

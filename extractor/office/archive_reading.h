@@ -14,10 +14,12 @@ struct CloseArchive {
 };
 using ArchiveReader = std::unique_ptr<archive, CloseArchive>;
 
-// What an entry's bytes came to.
+// How much of an entry could be unpacked: all of it, its beginning up to a limit, nothing since it
+// is damaged, or nothing since the file unpacks to far more than it should.
 enum class Unpacked { whole, cut, damaged, outOfProportion };
 
-// Keeps account of all that is unpacked from one file: see reading_bounds.h.
+// Unpacks the entries of one file, and holds all of them together to the limits in
+// reading_bounds.h.
 class Unpacking {
  public:
   explicit Unpacking(std::size_t packedBytes) : packedBytes_(packedBytes) {}
@@ -32,8 +34,8 @@ class Unpacking {
   std::size_t unpackedBytes_ = 0;
 };
 
-// The name of the reader's current entry as UTF-8; empty when it has none. One that is in an
-// encoding which the archive does not name is taken for what most archives of its format have then.
+// Returns the name of the reader's current entry as UTF-8, empty if it has none. If the archive
+// does not name the encoding, it is taken to be the one that most archives of that format are in.
 std::string entryName(archive* reader, archive_entry* entry);
 
 }  // namespace norvast::extractor

@@ -71,6 +71,11 @@ std::optional<std::string> dateText(double number, const NumberFormat& format, b
 
 }  // namespace
 
+// Of styles.xml (ECMA-376-1, section 18.8):
+//   <numFmts><numFmt numFmtId="164" formatCode="yyyy-mm-dd"/></numFmts>   written ones
+//   <cellXfs><xf numFmtId="14"/>...</cellXfs>    the style of a cell is the number of an xf here
+// Elements xf stand in cellStyleXfs, too, which cells do not refer to. Numbers below 164 are built
+// in (section 18.8.30).
 CellFormats::CellFormats(const ZipPart* styles, bool from1904) : from1904_(from1904) {
   if (styles == nullptr) return;
   std::map<int, NumberFormat> written;
@@ -89,6 +94,7 @@ CellFormats::CellFormats(const ZipPart* styles, bool from1904) : from1904_(from1
   }
 }
 
+// A number has 15 significant digits in a cell, so that 0.1 + 0.2 is shown as 0.3.
 std::string CellFormats::shown(std::string_view value, std::string_view style) const {
   const auto number = parsed<double>(value);
   if (!number || !std::isfinite(*number)) return std::string(value);

@@ -14,6 +14,14 @@ namespace {
 
 using Event = XmlReader::Event;
 
+// A book is a zip archive (EPUB 3.3, and 2.0 before it):
+//   META-INF/container.xml   <rootfile full-path="OEBPS/book.opf"/>: where the package lies
+//   OEBPS/book.opf           the package: dc:title, dc:creator;
+//                            <item id="c1" href="c1.xhtml"/> for each file,
+//                            <itemref idref="c1"/> in reading order
+//   OEBPS/c1.xhtml           a page
+//   META-INF/encryption.xml  <CipherReference URI="OEBPS/c1.xhtml"/> for each encrypted file
+// "ml" at the end of a name takes xml, html and xhtml.
 bool isWanted(std::string_view name) {
   for (const std::string_view suffix : {"ml", ".opf", ".htm"}) {
     if (name.ends_with(suffix)) return true;

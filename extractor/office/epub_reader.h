@@ -8,7 +8,8 @@
 
 namespace norvast::extractor {
 
-// The book's title and author, and its pages in reading order. encrypted when they are.
+// Returns the book's title and author, and its pages in reading order. Fails with encrypted if the
+// pages are encrypted.
 ReadDocument readEpub(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

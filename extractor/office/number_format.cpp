@@ -8,6 +8,13 @@
 namespace norvast::extractor {
 namespace {
 
+// A code has up to four sections with ";" between them, for numbers above, below and at zero and
+// for texts; dates are in the first. Its letters are those of Excel's own codes (ECMA-376-1,
+// section 18.8.31):
+//   yyyy-mm-dd hh:mm:ss AM/PM    parts of a date
+//   [h]:mm                       hours that go on beyond 24
+//   "text" \x _x *x              characters that are shown, left as room, or repeated
+//   [Red] [$-407] [>100]         a colour, a language, a condition
 bool isDatePart(char letter) {
   return std::string_view("ymdhs").find(letter) != std::string_view::npos;
 }
@@ -68,6 +75,7 @@ NumberFormat numberFormat(std::string_view code) {
   return format;
 }
 
+// By ECMA-376-1, section 18.8.30: 14 to 17 are dates, 18 to 21 and 45 to 47 times, 22 is both.
 NumberFormat builtInNumberFormat(int number) {
   switch (number) {
     case 14:

@@ -14,11 +14,11 @@ struct NumberFormat {
   bool isDate() const { return hasDate || hasTime; }
 };
 
-// Of a format that is written as a code, "yyyy\-mm\-dd hh:mm" (ECMA-376, 18.8.31), by its part for
+// Returns what a code such as "yyyy\-mm\-dd hh:mm" shows (ECMA-376-1, 18.8.31), by its section for
 // positive numbers.
 NumberFormat numberFormat(std::string_view code);
 
-// Of a format without a code of its own in the file (ECMA-376, 18.8.30).
+// Returns what a format shows that files refer to by number alone (ECMA-376-1, 18.8.30).
 NumberFormat builtInNumberFormat(int number);
 
 }  // namespace norvast::extractor

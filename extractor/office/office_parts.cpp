@@ -8,11 +8,14 @@
 namespace norvast::extractor {
 namespace {
 
+// Colours and typefaces (theme) and data for programs (customXml) have no text for readers.
 bool mayHoldText(std::string_view name) {
   return (name.ends_with(".xml") || name.ends_with(".rels")) &&
          name.find("/theme/") == std::string_view::npos && !name.starts_with("customXml/");
 }
 
+// The relationships of the part "word/document.xml" stand in "word/_rels/document.xml.rels", those
+// of the package itself in "_rels/.rels" (ECMA-376-2, section 6.5.2).
 std::string relationshipsName(std::string_view name) {
   const std::size_t start = name.rfind('/') + 1;  // npos + 1 is 0: at the top
   return std::string(name.substr(0, start)) + "_rels/" + std::string(name.substr(start)) + ".rels";
@@ -37,6 +40,10 @@ std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes,
   return office;
 }
 
+// A part of relationships (ECMA-376-2, section 6.5.3.4):
+//   <Relationship Id="rId1" Type="http://.../styles" Target="styles.xml" TargetMode="Internal"/>
+// The address in Type differs between editions of the standard; its last word does not. A target is
+// relative to the part that the relationships belong to.
 std::vector<Relationship> relationshipsOf(const ZipParts& parts, std::string_view name) {
   std::vector<Relationship> relationships;
   const ZipPart* part = findPart(parts, relationshipsName(name));
@@ -64,6 +71,7 @@ std::string targetOfType(const std::vector<Relationship>& relationships, std::st
   return found == relationships.end() ? std::string() : found->target;
 }
 
+// Title and author stand in docProps/core.xml as dc:title and dc:creator (ECMA-376-2, section 8).
 void addOfficeProperties(const ZipParts& parts, DocumentBuilder& document) {
   const auto name = targetOfType(relationshipsOf(parts, ""), "core-properties");
   const ZipPart* part = findPart(parts, name);

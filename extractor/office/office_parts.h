@@ -23,19 +23,20 @@ struct OfficeParts {
   std::string mainPart;  // name of the part that holds the text, or the order of its other parts
 };
 
-// The parts of an office file that may hold text. decodingFailed when it has no main part, or one
-// whose outermost element is another than `root`: "document", "workbook" or "presentation".
+// Returns the parts of an office file that may hold text. Fails with decodingFailed if the file has
+// no main part, or if its outermost element is not `root`: "document", "workbook" or
+// "presentation".
 std::variant<OfficeParts, ReadFailure> readOfficeParts(std::string_view bytes,
                                                        std::string_view root);
 
-// What the part of that name refers to, in the file's order.
+// Returns the parts that the part of that name refers to, in the file's order.
 std::vector<Relationship> relationshipsOf(const ZipParts& parts, std::string_view name);
 
-// The target of the first relationship of that id, or of that type; empty when there is none.
+// Return the target of the first relationship of that id, or of that type, empty if there is none.
 std::string targetOfId(const std::vector<Relationship>& relationships, std::string_view id);
 std::string targetOfType(const std::vector<Relationship>& relationships, std::string_view type);
 
-// Takes title and author from the file's properties.
+// Takes the document's title and author from the file's properties.
 void addOfficeProperties(const ZipParts& parts, DocumentBuilder& document);
 
 }  // namespace norvast::extractor

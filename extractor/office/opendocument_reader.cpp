@@ -16,6 +16,7 @@ namespace {
 using Kind = DocumentBlock::Kind;
 using Event = XmlReader::Event;
 
+// An attribute that asks for a thousand million blanks costs nothing to write.
 constexpr std::size_t MOST_BLANKS = 100;
 
 // Elements whose paragraphs are no running text.
@@ -34,6 +35,14 @@ bool isHidden(std::string_view element) {
   return std::find(std::begin(HIDDEN), std::end(HIDDEN), element) != std::end(HIDDEN);
 }
 
+// The elements of content.xml (OpenDocument 1.3, part 3; the prefixes are left out):
+//   text:p text:h              a paragraph, a heading
+//   text:s c="3"               three blanks: several in a row count as one otherwise
+//   (section 6.1.2) text:tab text:line-break   single characters table:table table-row table-cell
+//   a table, in texts and as a sheet of a spreadsheet draw:page draw:frame class="title"     a
+//   slide, and a shape of the layout on it text:note > note-citation, note-body   a footnote,
+//   within the paragraph that it belongs to
+// A flat file (fodt) holds all parts in one: office:meta stands there before office:body.
 class OpenDocumentPart {
  public:
   explicit OpenDocumentPart(DocumentBuilder& document) : document_(document) {}
@@ -165,6 +174,8 @@ class OpenDocumentPart {
   bool isTitle_ = false;
 };
 
+// META-INF/manifest.xml names all files of the package; an encrypted one has an element
+// encryption-data (OpenDocument 1.3, part 2, section 4).
 bool isWanted(std::string_view name) {
   return name == "content.xml" || name == "meta.xml" || name == "META-INF/manifest.xml";
 }

@@ -9,9 +9,9 @@
 
 namespace norvast::extractor {
 
-// Paragraphs, headings and table rows in the file's order; sheets by their names and slides by
-// their numbers as parts; footnotes, comments and speaker's notes as notes where they stand; tables
-// of contents as asides. Text that was deleted, with changes recorded, is left out.
+// Returns the paragraphs, headings and table rows in the file's order. Each sheet is a part with
+// its name, each slide a part with its number. Footnotes, comments and speaker's notes are notes,
+// where they stand; tables of contents are asides. Text that a recorded change deleted is left out.
 ReadDocument readOpenDocument(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

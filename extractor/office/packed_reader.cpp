@@ -21,7 +21,9 @@ using Kind = DocumentBlock::Kind;
 // All that a zip archive without files consists of begins so: libarchive does not take it for one.
 constexpr std::string_view EMPTY_ZIP = "PK\x05\x06";
 
-// Those within libarchive itself; for others it would start programs.
+// What is packed is taken by its first bytes, whatever its name says. "raw" takes the bytes of a
+// single file behind any number of filters; "empty" takes a file of no bytes.
+// All of these are within libarchive itself; for others it would start programs.
 ArchiveReader openPacked(std::string_view bytes) {
   ArchiveReader reader(archive_read_new());
   if (!reader) return reader;
@@ -62,6 +64,8 @@ ReadDocument readNames(archive* reader, archive_entry* entry, std::size_t limitC
   return document.take();
 }
 
+// A text that is packed alone, as manual pages and change logs are in /usr/share. It is read by the
+// marks in it as it would be unpacked; when these turn out to be none, it is a plain text.
 ReadDocument readOneText(archive* reader, std::size_t packedBytes, std::size_t limitCharacters) {
   std::string bytes;
   const Unpacked unpacked = Unpacking(packedBytes).readEntry(reader, bytes);

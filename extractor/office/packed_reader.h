@@ -8,12 +8,12 @@
 
 namespace norvast::extractor {
 
-// Loads what reading needs of the system's files, for a process that gives up opening them.
+// Loads what reading needs of the system's files, before the process gives up opening files.
 void preparePacked();
 
-// Of one compressed text (gz, bz2, xz, zst): the text, at most MOST_PART_BYTES of it. Of an archive
-// (zip, tar, 7z, rar, iso, cab, ar, cpio), compressed or not: the names of its files, one a line.
-// noReader for anything else that is compressed.
+// For one compressed text (gz, bz2, xz, zst), returns the text, at most MOST_PART_BYTES of it. For
+// an archive (zip, tar, 7z, rar, iso, cab, ar, cpio), compressed or not, returns the names of its
+// files, one a line. Fails with noReader for anything else that is compressed.
 ReadDocument readPacked(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

@@ -13,6 +13,12 @@ namespace {
 using Kind = DocumentBlock::Kind;
 using Event = XmlReader::Event;
 
+// A slide is a tree of shapes (ECMA-376-1, section 19.3; texts as in section 21.1.2):
+//   sp             a shape
+//     ph type="title"    what it stands for in the layout of the slide; absent for a free shape
+//     p r t        paragraphs, runs and text, as in a word processing file
+//   graphicFrame tbl tr tc    a table
+// Diagrams (SmartArt) keep their texts in a part of their own, in the same elements.
 // Takes the text of one slide, of its notes or of a diagram on it.
 class SlidePart {
  public:
@@ -86,6 +92,8 @@ class SlidePart {
   bool isInTable_ = false;
 };
 
+// presentation.xml lists the slides as <p:sldId id="256" r:id="rId2"/>: the relationship names the
+// part. The numbers in the names of the parts tell nothing of the order.
 // Names of the slides' parts, in the order of the presentation.
 std::optional<std::vector<std::string>> slideNames(const OfficeParts& office) {
   const auto relationships = relationshipsOf(office.parts, office.mainPart);

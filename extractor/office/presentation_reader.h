@@ -8,9 +8,9 @@
 
 namespace norvast::extractor {
 
-// Slides in the order in which they are shown, each a part ("Slide 3"): its title as a heading, its
-// paragraphs and table rows, its diagrams, then the speaker's notes. What the slides' designs say
-// is left out.
+// Returns the slides in the order in which they are shown. Each is a part ("Slide 3") with its
+// title as a heading, its paragraphs and table rows, its diagrams, and then the speaker's notes.
+// Texts of the slides' designs are left out.
 ReadDocument readPresentation(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

@@ -17,6 +17,12 @@ namespace {
 using Kind = DocumentBlock::Kind;
 using Event = XmlReader::Event;
 
+// A workbook (ECMA-376-1, section 18) has these parts:
+//   workbook.xml       <sheet name="..." r:id="..."/> in the order of the tabs;
+//                      workbookPr date1904="1": days are counted from 1904-01-01
+//   sharedStrings.xml  <si><t>text</t></si>, or in runs <si><r><t>a</t></r><r><t>b</t></r></si>
+//   worksheets/*.xml   <row><c t="TYPE" s="STYLE"><v>VALUE</v></c></row>
+//   drawings, comments texts beside the cells, each with a part of its own for a sheet
 struct Sheet {
   std::string name;
   std::string partName;
@@ -97,6 +103,9 @@ class SheetPart {
     style_ = xml.attribute("s");
   }
 
+  // By the type t of the cell (section 18.18.11): n or none, a number that its style shows; s, the
+  // number of a shared text, counted from 0; b, 0 or 1; str (of a formula), inlineStr, e (an error
+  // such as #DIV/0!) and d (a date by ISO 8601), the text as it stands.
   std::string shownValue() const {
     if (type_.empty() || type_ == "n") return formats_.shown(value_, style_);
     if (type_ == "b") return value_ == "1" ? "TRUE" : "FALSE";

@@ -8,9 +8,9 @@
 
 namespace norvast::extractor {
 
-// Sheets in their order, each a part by its name, with its rows: what the cells show, formulas by
-// their last result, dates as 2026-03-01. Empty cells are left out. Behind them the texts
-// of drawings, and comments as notes.
+// Returns the sheets in their order. Each is a part with its name and its rows: what the cells
+// show, the last result of a formula, dates as 2026-03-01, without empty cells. The texts of
+// drawings follow, and comments as notes.
 ReadDocument readSpreadsheet(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

@@ -37,12 +37,24 @@ HeadingStyles headingStyles(const ZipParts& parts, std::string_view partName) {
   return styles;
 }
 
+// The main part of a file is a tree of these elements (ECMA-376-1, section 17; the prefix "w" is
+// left out as XmlReader leaves it out):
+//
+//   p            a paragraph, with its properties in pPr first
+//     pPr        pStyle val="ID" names a style of styles.xml; outlineLvl val="0" to "8" is a
+//     heading r          a run of text of one look
+//       t        text; the only element whose characters are text of the page
+//       tab br cr noBreakHyphen    single characters
+//       pict, drawing              may hold a text box: paragraphs within this paragraph
+//   tbl tr tc    a table, its rows and its cells, which hold paragraphs and further tables
+//   ins, del     recorded changes: what was deleted stands in delText, which is no t
 // Takes the text of one part of the file.
 class WordPart {
  public:
   WordPart(const HeadingStyles& styles, Kind kind, DocumentBuilder& document)
       : styles_(styles), kind_(kind), document_(document) {}
 
+  // Elements that no rule here names are passed through: the text within them counts.
   // False when the part is not what it should be.
   bool read(const ZipPart& part) {
     XmlReader xml(part.bytes);
@@ -138,6 +150,8 @@ class WordPart {
   bool isText_ = false;
 };
 
+// What stands beside the running text, in parts of their own, by the type of the relationship from
+// the main part to it. A file may have several of each.
 constexpr std::array<std::pair<std::string_view, Kind>, 5> SIDE_PARTS = {{
     {"footnotes", Kind::note},
     {"endnotes", Kind::note},

@@ -8,9 +8,9 @@
 
 namespace norvast::extractor {
 
-// Paragraphs, headings and table rows in the file's order, then footnotes, endnotes and comments,
-// then page headers and footers as asides. Text that was deleted, with changes recorded, is left
-// out.
+// Returns the paragraphs, headings and table rows in the file's order, then footnotes, endnotes and
+// comments as notes, then page headers and footers as asides. Text that a recorded change deleted
+// is left out.
 ReadDocument readWord(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

@@ -26,6 +26,8 @@ int hexDigit(char digit) {
   return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
 }
 
+// The names in relationships are parts of a URI: "%20" stands for a blank (RFC 3986, section 2.1).
+// A percent sign without two digits behind it stands for itself.
 std::string withoutPercents(std::string_view reference) {
   std::string text;
   for (std::size_t at = 0; at < reference.size(); ++at) {
@@ -79,6 +81,8 @@ const ZipPart* findPart(const ZipParts& parts, std::string_view name) {
   return found == parts.end() ? nullptr : &found->second;
 }
 
+// As in RFC 3986, section 5.2.4: "." is the folder at hand, ".." the one around it. One ".." too
+// many stays at the top.
 std::string resolvedPartName(std::string_view from, std::string_view reference) {
   const std::string target = withoutPercents(reference.substr(0, reference.find('#')));
   std::string name;

@@ -18,17 +18,18 @@ struct ZipPart {
 
 using ZipParts = std::map<std::string, ZipPart, std::less<>>;  // by name, as "word/document.xml"
 
-// The parts whose names `isWanted`; the others are not unpacked. decodingFailed when the bytes are
-// no zip file or are damaged, encrypted when they, or the office file in their place, need a
-// password, tooLarge when there are too many or they grow out of proportion: see reading_bounds.h.
+// Returns the parts for whose names `isWanted` is true; the others are not unpacked. Fails with
+// decodingFailed if the bytes are no zip file or are damaged, with encrypted if a password is
+// needed, and with tooLarge if there are too many parts or they unpack to too much
+// (reading_bounds.h).
 std::variant<ZipParts, ReadFailure> readZipParts(
     std::string_view bytes, const std::function<bool(std::string_view name)>& isWanted);
 
-// The part of that name, or nullptr.
+// Returns the part of that name, or nullptr if there is none.
 const ZipPart* findPart(const ZipParts& parts, std::string_view name);
 
-// The part that `reference` names in the part `from`, as paths within a container do: "../a/b.xml"
-// from "x/y.xml" is "a/b.xml", "/a" is "a". Percent signs are resolved, fragments dropped.
+// Returns the name of the part that `reference` in the part `from` refers to: "../a/b.xml" in
+// "x/y.xml" is "a/b.xml", and "/a" is "a". Percent signs are decoded, fragments dropped.
 std::string resolvedPartName(std::string_view from, std::string_view reference);
 
 }  // namespace norvast::extractor

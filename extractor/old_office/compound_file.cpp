@@ -41,6 +41,8 @@ std::optional<CompoundFile> CompoundFile::open(std::string_view bytes) {
   return CompoundFile(file);
 }
 
+// Names are compared without regard to case ([MS-CFB] 2.6.4); the library compares them as they
+// are.
 GsfInput* CompoundFile::child(std::string_view name) const {
   for (int index = 0; index < entryCount(); ++index) {
     const char* own = gsf_infile_name_by_index(file_.get(), index);
@@ -80,6 +82,8 @@ std::string CompoundFile::entryName(int index) const {
   return name == nullptr ? std::string() : std::string(name);
 }
 
+// [MS-OLEPS] and [MS-OSHARED] 2.3.3.2: a stream whose name begins with the byte 5 holds the title,
+// the author and the like, each by a number.
 void CompoundFile::addProperties(DocumentBuilder& document) const {
   const OwnedGObject<GsfInput> input(
       gsf_infile_child_by_name(file_.get(), "\005SummaryInformation"));

@@ -31,6 +31,9 @@ constexpr const char* PAGE = "1013";
 constexpr const char* ATTACHED_FILE = "3707";
 constexpr const char* ATTACHED_SHORT_NAME = "3704";
 
+// [MS-OXMSG] 2.1.3: a property of any length is a stream of its own, "__substg1.0_" and eight
+// digits: four of the property's number, four of its type: 001F text in UTF-16, 001E text in bytes,
+// 0102 binary.
 std::optional<std::string> stream(const CompoundFile& file, const char* name, const char* type) {
   return file.stream(("__substg1.0_" + std::string(name) + type).c_str());
 }
@@ -89,6 +92,7 @@ void addBody(const CompoundFile& file, DocumentBuilder& document) {
   if (const auto page = stream(file, PAGE, "0102")) (void)addHtml(*page, "", document);
 }
 
+// [MS-OXMSG] 2.2.2: each attachment is a folder with properties of its own.
 void addAttachments(const CompoundFile& file, DocumentBuilder& document) {
   for (int entry = 0; entry < file.entryCount(); ++entry) {
     if (!file.entryName(entry).starts_with("__attach_version1.0_")) continue;

@@ -28,6 +28,7 @@ std::vector<JsonText> elementsOf(const JsonText& object, std::string_view key) {
   return value ? value->elements() : std::vector<JsonText>();
 }
 
+// One to six number signs and a blank begin a heading (CommonMark, section 4.2).
 void addMarkdown(std::string_view text, DocumentBuilder& document) {
   std::string paragraph;
   while (!text.empty()) {
@@ -46,12 +47,15 @@ void addMarkdown(std::string_view text, DocumentBuilder& document) {
   document.addLines(Kind::paragraph, paragraph);
 }
 
+// What a cell printed stands as "text"; what it shows has several forms in "data", by their types
+// of media: pictures, HTML, and as a rule a plain text.
 void addOutput(const JsonText& output, DocumentBuilder& document) {
   document.addLines(Kind::paragraph, textOf(output, "text"));
   const auto data = output.member("data");
   if (data) document.addLines(Kind::paragraph, textOf(*data, "text/plain"));
 }
 
+// {"cell_type": "markdown" or "code" or "raw", "source": TEXT, "outputs": [...]}
 void addCell(const JsonText& cell, DocumentBuilder& document) {
   const std::string source = textOf(cell, "source");
   if (textOf(cell, "cell_type") == "markdown") {

@@ -8,8 +8,9 @@
 
 namespace norvast::extractor {
 
-// Cells in their order: texts by their paragraphs, their Markdown headings as headings, code as it
-// is, and what it printed. Pictures are left out. decodingFailed when it is no notebook.
+// Returns the cells in their order: texts by paragraphs, their Markdown headings as headings, code
+// as it stands, and what it printed. Pictures are left out. Fails with decodingFailed if the bytes
+// are no notebook.
 ReadDocument readNotebook(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

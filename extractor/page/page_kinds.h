@@ -8,7 +8,7 @@
 
 namespace norvast::extractor {
 
-// The kind of that name ("html", "xml", "rtf", "notebook", "manual"), or nullptr.
+// Returns the kind of that name ("html", "xml", "rtf", "notebook", "manual"), or nullptr.
 const DocumentKind* pageKind(std::string_view name);
 
 }  // namespace norvast::extractor

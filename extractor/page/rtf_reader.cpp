@@ -66,6 +66,19 @@ std::string encodingOfCharset(int charset) {
   return found == ENCODINGS.end() ? std::string() : found->second;
 }
 
+// A file (Rich Text Format Specification 1.9.1) is one group in braces, with groups within it:
+//
+//   {\rtf1\ansicpg1252             the encoding of bytes above 127, unless a font says more
+//     {\fonttbl{\f0\fcharset204 Arial;}}    \f0 is in the encoding of that character set
+//     {\stylesheet{\s1 heading 1;}}         \s1 makes a heading of a paragraph
+//     {\*\listtable ...}           "\*": to be left out by whoever does not know the word
+//     \pard\s1 Title\par           a paragraph: its properties, its text, its end
+//     \pard\intbl A\cell B\cell\row         a row of a table
+//     \u8364 ?                     U+20AC, with one character for older readers
+//   }
+//
+// What a control word sets holds to the end of its group; a group begins with all that holds
+// around it.
 class RtfText {
  public:
   explicit RtfText(DocumentBuilder& document) : document_(document) {}
@@ -224,7 +237,9 @@ class RtfText {
     append(character);
   }
 
-  // What is encoded by the font ends where the font may change.
+  // Bytes are collected until a control word or the end of a group, since a character of an East
+  // Asian encoding may be written as two "\'xx". What is encoded by the font ends where the font
+  // may change.
   void decodeBytes() {
     if (bytes_.empty()) return;
     const std::string bytes = std::exchange(bytes_, {});

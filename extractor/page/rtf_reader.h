@@ -9,10 +9,11 @@
 
 namespace norvast::extractor {
 
-// Paragraphs, headings and table rows in their order, footnotes as notes, page headers and footers
-// as asides; title and author from the file's properties. Pictures, embedded objects, field codes
-// and all destinations that are not known are left out. Text is decoded by the code page of its
-// font. decodingFailed for what does not begin as RTF does, tooLarge for groups too deep.
+// Returns the paragraphs, headings and table rows in their order, with the title and author from
+// the file's properties. Footnotes are notes, page headers and footers are asides. Pictures,
+// embedded objects, field codes and unknown destinations are left out. Text is decoded by the code
+// page of its font. Fails with decodingFailed if the bytes do not begin as RTF does, and with
+// tooLarge if groups are nested deeper than MOST_RTF_DEPTH.
 ReadDocument readRtf(std::string_view bytes, std::size_t limitCharacters);
 
 }  // namespace norvast::extractor

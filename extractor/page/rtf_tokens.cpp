@@ -43,6 +43,11 @@ RtfToken RtfTokens::next() {
   return {RtfToken::Kind::text, take(rest_.find_first_of(std::string_view("{}\\\r\n\0", 6))), {}};
 }
 
+// Behind a backslash stands one of these:
+//   'hh            a byte by two hexadecimal digits
+//   a sign         a control word of its own: "\~", "\{", "\*"
+//   letters -12    a control word, with or without a number; one blank behind it ends the word
+//                  and is no text; "\bin4" is followed by four bytes of anything
 RtfToken RtfTokens::control() {
   (void)take(1);
   if (rest_.empty()) return {};

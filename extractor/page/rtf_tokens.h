@@ -24,7 +24,7 @@ struct RtfToken {
 
 class RtfTokens {
  public:
-  // `bytes` must outlive it.
+  // `bytes` must outlive the tokens.
   explicit RtfTokens(std::string_view bytes) : rest_(bytes) {}
 
   RtfToken next();

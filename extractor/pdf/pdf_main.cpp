@@ -1,7 +1,8 @@
 // norvast_extract_pdf text|document LIMIT: writes to standard output the text of the PDF document
 // on standard input, at most LIMIT characters of it, or what writeDocument makes of it. Exit status
 // 0 means that all of it was written; any other tells why there is none. Started by norvast_mcp and
-// norvast_index, which trust it nothing.
+// norvast_index, which trust it nothing. With --lock alone it writes how far it can lock itself in
+// here: of all such programs it is the one that opens files while it reads.
 #include <unistd.h>
 
 #include <string_view>
@@ -30,6 +31,8 @@ Extraction::Read prepareDocument() {
 }  // namespace norvast::extractor
 
 int main(int count, char** arguments) {
+  if (count == 2 && arguments[1] == std::string_view("--lock"))
+    _exit(norvast::extractor::reportLock(norvast::extractor::PDF_DATA_FOLDERS));
   if (count != 3) return 1;
   const bool isText = arguments[1] == std::string_view("text");
   // The memory goes with the process; taking it apart first would only cost time.

@@ -22,6 +22,8 @@ constexpr std::string_view PAGE_SEPARATOR = "\n\n";
 // Of the pages that a document keeps as parts; one can announce two thousand million of them.
 constexpr int MOST_PAGES = 10'000;
 
+// A catalogue and no pages (ISO 32000-1, section 7.7). There is no table of cross-references:
+// Poppler finds the objects without one.
 constexpr std::string_view SMALLEST_DOCUMENT =
     "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
     "2 0 obj<</Type/Pages/Kids[]/Count 0>>endobj\ntrailer<</Root 1 0 R>>\n";
@@ -62,6 +64,7 @@ std::string leadingPages(const poppler::document& document, std::size_t limitClu
   return text;
 }
 
+// Titles come with line breaks where an author's program put them.
 std::string oneLine(std::string text) {
   std::replace_if(
       text.begin(), text.end(), [](char character) { return character >= 0 && character < ' '; },

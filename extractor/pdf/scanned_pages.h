@@ -12,9 +12,9 @@
 
 namespace norvast::extractor {
 
-// Those of the `pages`, counted from 1, that were reached before `time` of the processor was used
-// up, each as a part with what is recognised in it as one paragraph, a line for a line. At least
-// one page is tried.
+// Returns the `pages`, counted from 1, each as a part followed by the recognised text as one
+// paragraph with the page's lines. Stops after the page during which `time` of the processor is
+// used up, so that at least one page is tried.
 std::variant<Document, ReadFailure> recognizePages(TextRecognizer& recognizer,
                                                    std::string_view bytes,
                                                    std::span<const int> pages,

@@ -6,11 +6,12 @@
 
 namespace norvast::extractor {
 
-// The GIF file (GIF89a) ended behind its first picture, whose transparent colour is made white; or
-// `bytes` when it has none.
+// Returns a GIF file (GIF89a) that ends behind the first picture of the one in `bytes`, with the
+// transparent colour made white. Returns `bytes` if they hold no picture.
 std::string firstGifFrame(std::string_view bytes);
 
-// A WebP file of the first frame of an animated one (RFC 9649), or `bytes` when it is not animated.
+// Returns a WebP file (RFC 9649) that holds the first frame of the animated one in `bytes`. Returns
+// `bytes` if they are not animated.
 std::string firstWebpFrame(std::string_view bytes);
 
 }  // namespace norvast::extractor

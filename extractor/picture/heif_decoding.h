@@ -12,14 +12,15 @@ namespace norvast::extractor {
 // Loads the decoders that are installed as files of their own.
 void prepareHeifDecoding();
 
-// True when `bytes` begin as a file that decodeHeif can read.
+// True if `bytes` begin as a file that decodeHeif can read does.
 bool isHeif(std::string_view bytes);
 
-// The primary picture, transformed as the file itself says. What is transparent shows white.
-// Nothing when it cannot be decoded.
+// Returns the primary picture, turned and cropped as the file says. Transparent pixels are white.
+// Returns nothing if it cannot be decoded.
 std::optional<GrayImage> decodeHeif(std::string_view bytes);
 
-// The EXIF fields of the primary picture, as photoSentence takes them; empty when it has none.
+// Returns the EXIF fields of the primary picture, as photoSentence takes them, empty if it has
+// none.
 std::string heifExif(std::string_view bytes);
 
 }  // namespace norvast::extractor

@@ -5,11 +5,12 @@
 
 namespace norvast::extractor {
 
-// Loads the recogniser's models of these names, as in TextRecognizer::open, and what decoding
-// needs. The reading gives the recognised lines joined by single blanks.
+// Loads the recogniser's models of these names, as TextRecognizer::open does, and what decoding
+// needs. The function that it returns gives the recognised lines, joined by single blanks.
 Extraction::Read prepareImageExtraction(const char* languages);
 
-// The same, but the reading gives a document: what the picture's EXIF fields say, and these lines.
+// Does the same, but the function that it returns gives a document: a sentence of what the
+// picture's EXIF fields say, and the recognised lines.
 Extraction::Read preparePhotoExtraction(const char* languages);
 
 }  // namespace norvast::extractor

@@ -7,11 +7,11 @@
 
 namespace norvast::extractor {
 
-// The facts of the JPEG picture in `exif`, or of the bare EXIF fields of another, which begin with
-// "Exif" and two NULs, as a sentence: "Photo taken on 1 May 2024 at 12:30 in Lisbon by Ana: The
-// harbour (ferry, pier)". EXIF has no field for the place's name, which may be empty. What a field
-// does not say is left out; empty when they say neither when and where it was taken nor what it
-// shows. No more than a few thousand bytes.
+// Returns what is known of a photo as a sentence: "Photo taken on 1 May 2024 at 12:30 in Lisbon by
+// Ana: The harbour (ferry, pier)". `exif` is a JPEG picture, or the bare EXIF fields of another
+// one, which begin with "Exif" and two NULs. `place` may be empty; EXIF has no field for it. What
+// is not known is left out. Returns an empty text if neither the time, the place nor the contents
+// are known. At most a few thousand bytes.
 std::string photoSentence(std::string_view exif, std::string_view place);
 
 }  // namespace norvast::extractor

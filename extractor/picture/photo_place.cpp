@@ -18,6 +18,9 @@ using Event = XmlReader::Event;
 constexpr std::size_t MOST_PACKET_BYTES = std::size_t{1} << 20;
 constexpr std::size_t MOST_NAME_BYTES = 100;
 
+// A packet (ISO 16684-1) is XML with the fields of a description as attributes or elements:
+//   <rdf:Description photoshop:City="Rome" photoshop:Country="Italy"/>
+//   <Iptc4xmpCore:Location>Trastevere</Iptc4xmpCore:Location>
 // From the part of a town to the country; the same names as elements and as attributes.
 constexpr std::array<std::string_view, 4> FIELDS = {"Location", "City", "State", "Country"};
 using Names = std::array<std::string, FIELDS.size()>;

@@ -6,9 +6,10 @@
 
 namespace norvast::extractor {
 
-// The place that the XMP packet in a picture of any format names (ISO 16684-1; IPTC Photo Metadata
-// Standard, "Location"), the smallest first: "Niederdorf, Zürich, Switzerland". Empty when there is
-// no packet, or none in it. No more than a few hundred bytes.
+// Returns the place that the XMP packet in a picture of any format names (ISO 16684-1; IPTC Photo
+// Metadata Standard, "Location"), from the smallest to the largest: "Niederdorf, Zürich,
+// Switzerland". Returns an empty text if there is no packet, or no place in it. At most a few
+// hundred bytes.
 std::string photoPlace(std::string_view bytes);
 
 }  // namespace norvast::extractor

@@ -8,9 +8,9 @@
 
 namespace norvast::extractor {
 
-// The picture of a PNG file of that kind, laid over white; Leptonica takes such a file for one that
-// is transparent everywhere. Nothing when the bytes are no such file, are damaged, or do not fit
-// the memory. W3C, PNG (Third Edition), 11.2.1 and 11.3.1.1.
+// Returns the picture of such a PNG file, laid over white: Leptonica takes the file for one that is
+// transparent everywhere. Returns nothing if the bytes are no such file, are damaged, or do not fit
+// the memory. Source: W3C, PNG (Third Edition), 11.2.1 and 11.3.1.1.
 std::optional<GrayImage> decodeShadedPng(std::string_view bytes);
 
 }  // namespace norvast::extractor

@@ -16,17 +16,18 @@ namespace norvast::extractor {
 
 class TextRecognizer {
  public:
-  // A recogniser with its models loaded (60 to 90 ms each): it opens no file afterwards.
-  // `languages` are their names, as "eng", joined by "+"; the first counts most, and those that are
-  // not installed are passed over. Nothing when none is.
+  // Returns a recogniser with its models loaded, which takes 60 to 90 ms each; it opens no file
+  // afterwards. `languages` are the names of models ("eng"), joined by "+". The first counts most.
+  // Models that are not installed are passed over; returns nothing if none is installed.
   static std::optional<TextRecognizer> open(const char* languages = "eng");
 
   ~TextRecognizer();
   TextRecognizer(TextRecognizer&&) noexcept;
   TextRecognizer& operator=(TextRecognizer&&) noexcept;
 
-  // The lines that it is sure enough of, in its own order, each as UTF-8 without white space at
-  // either end, none of them empty. Empty when the image holds no text or is too large for it.
+  // Returns the lines that the recogniser is sure enough of, in its own order. Each is UTF-8, not
+  // empty, and without white space at either end. Returns no lines if the image holds no text or is
+  // too large.
   std::vector<std::string> lines(const GrayImage& image);
 
  private:

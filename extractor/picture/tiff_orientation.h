@@ -5,9 +5,9 @@
 
 namespace norvast::extractor {
 
-// The TIFF file with the orientation of its first page, when it has one, made the usual: the
-// decoder turns the picture by it. TIFF 6.0, section 2 and tag 274. In place; bytes that are no
-// such file stay as they are.
+// Sets the orientation of the first page of the TIFF file in `bytes` to the usual one, since the
+// decoder would turn the picture by it (TIFF 6.0, section 2 and tag 274). Changes the bytes in
+// place; bytes that are no TIFF file stay as they are.
 void dropTiffOrientation(std::string& bytes);
 
 }  // namespace norvast::extractor

@@ -57,9 +57,9 @@ Extracted extract(const Extraction& extraction, const Descriptor& output,
 
 }  // namespace
 
-Extracted asExtracted(const std::variant<Document, ReadFailure>& read) {
+Extracted asExtracted(std::variant<Document, ReadFailure> read) {
   if (const auto* failure = std::get_if<ReadFailure>(&read)) return *failure;
-  return writeDocument(std::get<Document>(read));
+  return writeDocument(withinBounds(std::move(std::get<Document>(read))));
 }
 
 int runExtraction(const Extraction& extraction, std::string_view limit) try {
@@ -74,6 +74,14 @@ int runExtraction(const Extraction& extraction, std::string_view limit) try {
   return exitStatusOf(ReadFailure::tooLarge);
 } catch (const std::exception&) {
   return exitStatusOf(ReadFailure::decodingFailed);
+}
+
+int reportLock(std::span<const std::string_view> readableFolders) {
+  const Descriptor output = takeOutput();
+  if (!output || !limitExtractor(output)) return exitStatusOf(ReadFailure::noProgram);
+  const auto state = lockIn(readableFolders);
+  const bool written = state && output.write(lockWord(*state));
+  return written ? 0 : exitStatusOf(ReadFailure::noProgram);
 }
 
 }  // namespace norvast::extractor

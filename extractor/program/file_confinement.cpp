@@ -6,6 +6,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <string>
 
@@ -37,20 +38,23 @@ bool allowReading(const Descriptor& ruleset, std::string_view path) {
          0;
 }
 
-bool kernelHasLandlock() {
-  return syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) >= 1;
+// The two errors by which landlock_create_ruleset(2) says that the kernel does not know Landlock
+// (ENOSYS) or was started without it (EOPNOTSUPP). Any other comes from a filter around this
+// process.
+Confinement reasonOf(int error) {
+  return error == ENOSYS || error == EOPNOTSUPP ? Confinement::unknown : Confinement::refused;
 }
 
 }  // namespace
 
-bool confineFiles(std::span<const std::string_view> readable) {
-  if (!kernelHasLandlock()) return true;
+Confinement confineFiles(std::span<const std::string_view> readable) {
   const Descriptor ruleset = makeRuleset();
-  if (!ruleset) return false;
+  if (!ruleset) return reasonOf(errno);
   for (const std::string_view path : readable) {
-    if (!allowReading(ruleset, path)) return false;
+    if (!allowReading(ruleset, path)) return reasonOf(errno);
   }
-  return syscall(SYS_landlock_restrict_self, ruleset.number(), 0) == 0;
+  const bool isConfined = syscall(SYS_landlock_restrict_self, ruleset.number(), 0) == 0;
+  return isConfined ? Confinement::complete : reasonOf(errno);
 }
 
 }  // namespace norvast::extractor

@@ -24,9 +24,23 @@ bool limitExtractor(const Descriptor& output) {
   return limitProcess({ADDRESS_SPACE_BYTES, CPU_SECONDS}) && dieWithParent(output);
 }
 
-bool lockIn(std::span<const std::string_view> readableFolders) {
-  return forgoNewPrivileges() && confineFiles(readableFolders) &&
-         filterSystemCalls(readableFolders.empty() ? Opening::nothing : Opening::forReading);
+std::optional<LockState> lockIn(std::span<const std::string_view> readableFolders) {
+  if (!forgoNewPrivileges()) return std::nullopt;
+  const Confinement files = confineFiles(readableFolders);
+  const bool areConfined = files == Confinement::complete;
+  // Without Landlock the filter alone could not tell one file from another.
+  if (!areConfined && !forgoOpening()) return std::nullopt;
+  const bool mayOpen = areConfined && !readableFolders.empty();
+  switch (filterSystemCalls(mayOpen ? Opening::forReading : Opening::nothing)) {
+    case Filtering::refused:
+      return std::nullopt;
+    case Filtering::unknown:
+      return LockState::seccompUnknown;
+    case Filtering::complete:
+      break;
+  }
+  if (areConfined) return LockState::whole;
+  return files == Confinement::unknown ? LockState::landlockUnknown : LockState::landlockRefused;
 }
 
 }  // namespace norvast::extractor

@@ -27,6 +27,9 @@ bool limitProcess(const ProcessLimits& limits) {
          setLimit(RLIMIT_FSIZE, 0);
 }
 
+// The limit is one above the largest number of a new descriptor; those that are open stay.
+bool forgoOpening() { return setLimit(RLIMIT_NOFILE, 0); }
+
 bool forgoNewPrivileges() { return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0; }
 
 bool dieWithParent(const Descriptor& toParent) {

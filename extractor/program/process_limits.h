@@ -12,15 +12,21 @@ struct ProcessLimits {
   std::uint64_t cpuSeconds = 0;         // then the process is killed
 };
 
-// Sets these limits for the rest of the process's life; a lower one that stands already stays. It
-// can dump no core and grow no file from then on. False when a limit could not be set.
+// Sets these limits for the rest of the process's life. A lower limit that is set already stays.
+// From then on the process writes no core dump and cannot make a file larger. Returns false if a
+// limit could not be set.
 bool limitProcess(const ProcessLimits& limits);
 
-// Gives up gaining privileges by starting a program. False when the kernel refuses.
+// Gives up opening files: no new descriptor can be had from then on. Returns false if that could
+// not be set.
+bool forgoOpening();
+
+// Gives up gaining privileges by starting a program (no_new_privs in prctl(2)). Returns false if
+// the kernel refuses.
 bool forgoNewPrivileges();
 
-// Has this process killed when its parent ends. `toParent` is a pipe that the parent alone reads.
-// False when the parent has ended already or the kernel refuses.
+// Makes the kernel kill this process when its parent ends. `toParent` is a pipe that only the
+// parent reads. Returns false if the parent has ended already or if the kernel refuses.
 bool dieWithParent(const Descriptor& toParent);
 
 }  // namespace norvast::extractor

@@ -80,10 +80,7 @@ bool allowSignallingItself(const Filter& filter) {
   return allowWhere(filter, SCMP_SYS(tgkill), equal(0, static_cast<scmp_datum_t>(getpid())));
 }
 
-}  // namespace
-
-bool filterSystemCalls(Opening opening) {
-  if (prctl(PR_GET_SECCOMP, 0, 0, 0, 0) < 0) return true;
+bool loadFilter(Opening opening) {
   const Filter filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)));
   if (!filter) return false;
   const bool allowed = std::all_of(std::begin(ALLOWED), std::end(ALLOWED),
@@ -91,6 +88,14 @@ bool filterSystemCalls(Opening opening) {
   return allowed && allowDataInMemory(filter) && allowSignallingItself(filter) &&
          (opening == Opening::nothing || allowOpeningForReading(filter)) &&
          seccomp_load(filter.get()) == 0;
+}
+
+}  // namespace
+
+Filtering filterSystemCalls(Opening opening) {
+  // EINVAL is the answer of a kernel that was built without seccomp (prctl(2)).
+  if (prctl(PR_GET_SECCOMP, 0, 0, 0, 0) < 0 && errno == EINVAL) return Filtering::unknown;
+  return loadFilter(opening) ? Filtering::complete : Filtering::refused;
 }
 
 }  // namespace norvast::extractor

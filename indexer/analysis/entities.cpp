@@ -8,7 +8,7 @@
 #include "indexer/analysis/entity_words.h"
 #include "indexer/analysis/lines.h"
 #include "indexer/analysis/name_finder.h"
-#include "indexer/analysis/name_words.h"
+#include "language/name_words.h"
 #include "text/ascii.h"
 #include "text/unicode.h"
 
@@ -82,6 +82,8 @@ class EntityCounter {
 // Listings of programs are full of short forms without a year.
 bool isWrittenOut(std::string_view month) { return month.size() > 3; }
 
+bool isMonth(std::string_view word) { return rolesOf(word).has(WordRole::month); }
+
 // How many words from `at` are a date: 14 May 2026, May 14, 2026, May 2026, 14. Mai 2026, 14 de
 // mayo de 2026. 0 when they are none.
 std::size_t dateWords(const EntityWords& words, std::size_t at) {
@@ -89,7 +91,7 @@ std::size_t dateWords(const EntityWords& words, std::size_t at) {
     return index < words.size() && test(words[index].text);
   };
   const auto skipOf = [&words](std::size_t index) {
-    return index < words.size() && (words[index].text == "de" || words[index].text == "of")
+    return index < words.size() && rolesOf(words[index].text).has(WordRole::datePreposition)
                ? index + 1
                : index;
   };
@@ -164,7 +166,7 @@ struct Line {
 
 class EntityFinder {
  public:
-  EntityFinder(const Outline& outline, Language language) : names_(language) {
+  EntityFinder(const Outline& outline, const Language& language) : names_(language) {
     takeLine(outline.author, true);
     for (const Stretch& stretch : outline.stretches) {
       if (stretch.start >= LEADING_BYTES) break;
@@ -231,7 +233,7 @@ class EntityFinder {
 
 }  // namespace
 
-std::vector<std::string> findEntities(const Outline& outline, Language language) {
+std::vector<std::string> findEntities(const Outline& outline, const Language& language) {
   return EntityFinder(outline, language).find();
 }
 

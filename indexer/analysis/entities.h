@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "indexer/analysis/outline.h"
-#include "language/function_words.h"
+#include "language/language.h"
 
 namespace norvast::indexer {
 
@@ -18,6 +18,6 @@ inline constexpr std::size_t MOST_ENTITIES = 20;
 // that begin with +, dates (2026-05-14, 14.05.2026, 14 May 2026, May 14, 2026, 14 de mayo de 2026),
 // streets with a house number, and names (name_finder.h), but none in headings, code and lines that
 // look like a program. Looks at the leading 100,000 bytes.
-std::vector<std::string> findEntities(const Outline& outline, Language language);
+std::vector<std::string> findEntities(const Outline& outline, const Language& language);
 
 }  // namespace norvast::indexer

@@ -1,10 +1,11 @@
 #include "indexer/analysis/entity_patterns.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <string>
+#include <vector>
 
+#include "language/name_words.h"
 #include "text/ascii.h"
 #include "text/unicode.h"
 
@@ -13,10 +14,6 @@ namespace {
 
 bool isDigits(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isAsciiDigit);
-}
-
-bool contains(const auto& list, std::string_view word) {
-  return std::find(list.begin(), list.end(), word) != list.end();
 }
 
 // Labels of letters, digits and hyphens between dots, two or more, the last one of letters (RFC
@@ -56,6 +53,9 @@ bool isDateLike(std::string_view word, char separator, std::size_t firstDigits,
          middle.size() <= 2 && last.size() <= lastDigits && first.size() + last.size() >= 5 &&
          std::max(first.size(), last.size()) == 4;
 }
+
+// "Rebweg" has three bytes before its ending; "Umweg" is no street.
+constexpr std::size_t SHORTEST_STREET_NAME_BYTES = 2;
 
 constexpr std::size_t SHORTEST_WEB_ADDRESS = std::string_view("www.ab").size();
 
@@ -108,9 +108,11 @@ bool isNumericDate(std::string_view word) {
 
 bool isDayOfMonth(std::string_view word) {
   if (word.empty() || !isAsciiDigit(word.front())) return false;
-  for (const std::string_view ordinal : {"st", "nd", "rd", "th", "er", "º", "."}) {
+  static const std::vector<std::string_view> ORDINALS = wordsOfAll(&Language::ordinalEndings);
+  for (const std::string_view ordinal : ORDINALS) {
     if (word.ends_with(ordinal)) word.remove_suffix(ordinal.size());
   }
+  if (word.ends_with('.')) word.remove_suffix(1);  // German "14.", Spanish "1.º" without its sign
   if (!isDigits(word) || word.size() > 2) return false;
   const int day = std::stoi(std::string(word));
   return day >= 1 && day <= 31;
@@ -126,14 +128,11 @@ bool isHouseNumber(std::string_view word) {
 }
 
 bool isStreetWord(std::string_view word) {
-  static constexpr std::array<std::string_view, 9> STREETS = {
-      "Street", "Road", "Avenue", "Lane", "Drive", "Boulevard", "Square", "Terrace", "Crescent"};
-  if (contains(STREETS, word)) return true;
-  for (const std::string_view end :
-       {"strasse", "straße", "gasse", "weg", "platz", "allee", "straat", "laan"}) {
-    if (word.ends_with(end) && word.size() > end.size() + 2) return true;
-  }
-  return false;
+  if (rolesOf(word).has(WordRole::street)) return true;
+  static const std::vector<std::string_view> ENDINGS = wordsOfAll(&Language::streetEndings);
+  return std::any_of(ENDINGS.begin(), ENDINGS.end(), [word](std::string_view ending) {
+    return word.ends_with(ending) && word.size() > ending.size() + SHORTEST_STREET_NAME_BYTES;
+  });
 }
 
 bool isCapitalised(std::string_view word) {

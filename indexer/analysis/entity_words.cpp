@@ -1,8 +1,10 @@
 #include "indexer/analysis/entity_words.h"
 
+#include <algorithm>
 #include <array>
 
 #include "indexer/analysis/lines.h"
+#include "language/languages.h"
 #include "text/ascii.h"
 #include "text/byte_set.h"
 #include "text/unicode.h"
@@ -57,15 +59,13 @@ std::size_t articleLength(std::string_view word) {
   const std::size_t mark = word[end] == '\'' ? 1 : word.substr(end).starts_with("’") ? 3 : 0;
   if (mark == 0 || letterCaseOf(word.substr(end + mark)) == LetterCase::none) return 0;
   const std::string article = asciiLowerCase(word.substr(0, end));
-  for (const std::string_view known : {"l", "d", "qu", "un", "dell", "all", "nell", "sull", "dall",
-                                       "quest", "n", "s", "c", "j", "m", "t"}) {
-    if (article == known) return end + mark;
-  }
-  return 0;
+  static const std::vector<std::string_view> ELIDED = wordsOfAll(&Language::elidedWords);
+  return std::find(ELIDED.begin(), ELIDED.end(), article) == ELIDED.end() ? 0 : end + mark;
 }
 
 std::string_view withoutPossessive(std::string_view word) {
-  for (const std::string_view ending : {"'s", "’s"}) {
+  static const std::vector<std::string_view> ENDINGS = wordsOfAll(&Language::possessiveEndings);
+  for (const std::string_view ending : ENDINGS) {
     if (word.size() > ending.size() && word.ends_with(ending)) word.remove_suffix(ending.size());
   }
   return word;

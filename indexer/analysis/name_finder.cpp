@@ -1,12 +1,11 @@
 #include "indexer/analysis/name_finder.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "indexer/analysis/entity_patterns.h"
-#include "indexer/analysis/name_words.h"
-#include "indexer/analysis/text_language.h"
+#include "language/function_words.h"
+#include "language/name_words.h"
 #include "text/unicode.h"
 
 namespace norvast::indexer {
@@ -21,29 +20,13 @@ bool isInitial(const EntityWord& word) {
          countClusters(word.text) == 1;
 }
 
-bool endsWithAny(std::string_view word, const auto& endings) {
+bool endsWithAny(std::string_view word, const std::vector<std::string_view>& endings) {
   return std::any_of(endings.begin(), endings.end(), [word](std::string_view ending) {
     return word.size() > ending.size() && word.ends_with(ending);
   });
 }
 
-// By its suffix: grafische, zusätzlicher, virtuelles.
-bool isGermanAdjective(std::string_view word) {
-  static constexpr std::array<std::string_view, 5> ENDINGS = {"e", "er", "es", "en", "em"};
-  static constexpr std::array<std::string_view, 13> SUFFIXES = {
-      "isch", "lich", "ig", "bar", "end", "sam", "ell", "al", "iv", "ert", "los", "eit", "ßt"};
-  return std::any_of(ENDINGS.begin(), ENDINGS.end(), [word](std::string_view ending) {
-    return word.ends_with(ending) &&
-           endsWithAny(word.substr(0, word.size() - ending.size()), SUFFIXES);
-  });
-}
-
-// By its suffix: Verbindung, Sicherheit, Installation.
-bool isGermanAbstractNoun(std::string_view word) {
-  static constexpr std::array<std::string_view, 9> SUFFIXES = {
-      "ung", "ungen", "heit", "keit", "schaft", "ion", "ionen", "isse", "nis"};
-  return endsWithAny(word, SUFFIXES);
-}
+bool isConnector(std::string_view word) { return rolesOf(word).has(WordRole::connector); }
 
 std::size_t countOf(const std::unordered_map<std::string_view, std::size_t>& counts,
                     std::string_view word) {
@@ -53,6 +36,13 @@ std::size_t countOf(const std::unordered_map<std::string_view, std::size_t>& cou
 
 }  // namespace
 
+NameFinder::NameFinder(const Language& language)
+    : language_(&language),
+      languageBit_(bitOf(language)),
+      adjectiveSuffixes_(wordsOf(language.adjectiveSuffixes)),
+      adjectiveEndings_(wordsOf(language.adjectiveEndings)),
+      abstractNounSuffixes_(wordsOf(language.abstractNounSuffixes)) {}
+
 void NameFinder::learn(const EntityWords& line) {
   for (std::size_t at = 0; at < line.size(); ++at) {
     const EntityWord& word = line[at];
@@ -61,9 +51,9 @@ void NameFinder::learn(const EntityWords& line) {
     if (letterCase != LetterCase::capital || word.opensSentence) continue;
     ++inner_[word.text];
     if (at == 0 || line[at - 1].isClosed) continue;
-    const std::string before = lowerCase(line[at - 1].text);
-    if (isPlacePreposition(before, language_)) ++placed_[word.text];
-    if (language_ == Language::german && isGermanDeterminer(before)) determined_.insert(word.text);
+    const WordRoles& before = rolesOf(lowerCase(line[at - 1].text));
+    if (before.has(WordRole::placePreposition, languageBit_)) ++placed_[word.text];
+    if (before.has(WordRole::determiner, languageBit_)) determined_.insert(word.text);
   }
 }
 
@@ -88,20 +78,33 @@ EntitySpan NameFinder::nameAt(const EntityWords& words, std::size_t at) const {
 }
 
 bool NameFinder::isNameWord(std::string_view word) const {
-  if (!isCapitalised(word) || isMonth(word) || isWeekday(word) || isTitle(word)) return false;
-  return !isFunctionWordIn(word, language_) && !isFunctionWordIn(word, Language::english);
+  if (!isCapitalised(word)) return false;
+  const WordRoles& roles = rolesOf(word);
+  if (roles.has(WordRole::month) || roles.has(WordRole::weekday) || roles.has(WordRole::title)) {
+    return false;
+  }
+  return !isFunctionWordIn(word, languageBit_ | ENGLISH_BIT);
 }
 
 // Whether a capitalised word may have its capital for the sake of its place alone.
 bool NameFinder::isDoubtful(std::string_view word) const {
   const std::string lower = lowerCase(word);
-  return small_.contains(lower) || isOpener(lower);
+  return small_.contains(lower) || rolesOf(lower).has(WordRole::opener);
+}
+
+// By its suffix: grafische, zusätzlicher, virtuelles.
+bool NameFinder::isAdjective(std::string_view word) const {
+  return std::any_of(
+      adjectiveEndings_.begin(), adjectiveEndings_.end(), [this, word](std::string_view ending) {
+        return word.ends_with(ending) &&
+               endsWithAny(word.substr(0, word.size() - ending.size()), adjectiveSuffixes_);
+      });
 }
 
 bool NameFinder::mayOpenName(const EntityWords& words, std::size_t at) const {
   const EntityWord& word = words[at];
   if (!word.opensSentence) return true;
-  return !isDoubtful(word.text) && (language_ != Language::german || !isGermanAdjective(word.text));
+  return !isDoubtful(word.text) && !isAdjective(word.text);
 }
 
 // Whether the first word has its capital from the sentence, since the others are a name without it.
@@ -114,10 +117,11 @@ bool NameFinder::standsBeforeName(const EntityWords& words, const EntitySpan& sp
 // preposition. German has "von" between any two nouns.
 bool NameFinder::joins(const EntityWords& words, std::size_t first, std::size_t at) const {
   const std::string_view word = words[at].text;
-  if (!isConnector(word)) return false;
-  if (isArticleInNames(word)) return isConnector(words[at - 1].text);
-  return word != "von" || language_ != Language::german || at > first + 1 ||
-         (at + 1 < words.size() && isArticleInNames(words[at + 1].text));
+  const WordRoles& roles = rolesOf(word);
+  if (!roles.has(WordRole::connector)) return false;
+  if (roles.has(WordRole::articleInNames)) return isConnector(words[at - 1].text);
+  return !roles.has(WordRole::connectorOfNouns, languageBit_) || at > first + 1 ||
+         (at + 1 < words.size() && rolesOf(words[at + 1].text).has(WordRole::articleInNames));
 }
 
 // Capitalised words, the inner ones perhaps connectors.
@@ -142,8 +146,9 @@ bool NameFinder::isSingleName(const EntityWords& words, std::size_t at) const {
   if (determined_.contains(word) || isDoubtful(word)) return false;
   const std::size_t inner = countOf(inner_, word);
   const std::size_t placed = countOf(placed_, word);
-  if (language_ == Language::german) {
-    return placed * 2 > inner && !isGermanAbstractNoun(word) && !isPlacelessNoun(word);
+  if (language_->nounsHaveCapitals) {
+    return placed * 2 > inner && !endsWithAny(word, abstractNounSuffixes_) &&
+           !rolesOf(word).has(WordRole::placelessNoun, languageBit_);
   }
   return placed > 0 || inner >= FEWEST_SINGLE_OCCURRENCES;
 }

@@ -5,9 +5,10 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "indexer/analysis/entity_words.h"
-#include "language/function_words.h"
+#include "language/languages.h"
 
 namespace norvast::indexer {
 
@@ -27,7 +28,7 @@ struct EntitySpan {
 // missed than a stray word taken.
 class NameFinder {
  public:
-  explicit NameFinder(Language language) : language_(language) {}
+  explicit NameFinder(const Language& language);
 
   // The words must outlive this.
   void learn(const EntityWords& line);
@@ -38,15 +39,20 @@ class NameFinder {
  private:
   bool isNameWord(std::string_view word) const;
   bool isDoubtful(std::string_view word) const;
+  bool isAdjective(std::string_view word) const;
   bool mayOpenName(const EntityWords& words, std::size_t at) const;
   bool standsBeforeName(const EntityWords& words, const EntitySpan& span) const;
   bool joins(const EntityWords& words, std::size_t first, std::size_t at) const;
   bool isSingleName(const EntityWords& words, std::size_t at) const;
   EntitySpan runAt(const EntityWords& words, std::size_t at) const;
 
-  Language language_;
+  const Language* language_;
+  LanguageBits languageBit_;
+  std::vector<std::string_view> adjectiveSuffixes_;
+  std::vector<std::string_view> adjectiveEndings_;
+  std::vector<std::string_view> abstractNounSuffixes_;
   std::unordered_set<std::string_view> small_;               // words written without a capital
-  std::unordered_set<std::string_view> determined_;          // German nouns
+  std::unordered_set<std::string_view> determined_;          // nouns, by the determiner before them
   std::unordered_map<std::string_view, std::size_t> inner_;  // capitalised within sentences
   std::unordered_map<std::string_view, std::size_t>
       placed_;  // of these, behind a place preposition

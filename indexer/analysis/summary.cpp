@@ -124,7 +124,7 @@ std::string chosenText(const Candidates& candidates, std::size_t left) {
 
 }  // namespace
 
-std::string summarize(const Outline& outline, std::string_view name, Language language) {
+std::string summarize(const Outline& outline, std::string_view name, const Language& language) {
   std::string lead = summaryLead(outline, name);
   const std::size_t left = LONGEST_SUMMARY_CLUSTERS - countClusters(lead) - 2;
   const Candidates candidates = summarySentences(outline, language, LEADING_BYTES);

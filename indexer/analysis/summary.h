@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "indexer/analysis/outline.h"
-#include "language/function_words.h"
+#include "language/language.h"
 
 namespace norvast::indexer {
 
@@ -20,6 +20,6 @@ inline constexpr std::size_t LONGEST_SUMMARY_CLUSTERS = 400;
 // more; notices of rights and the like are left out where there are others. A text without
 // sentences, such as a table or a program, gives its first lines. Looks at the leading 50,000
 // bytes. Empty when there is nothing to be said; at most LONGEST_SUMMARY_CLUSTERS long.
-std::string summarize(const Outline& outline, std::string_view name, Language language);
+std::string summarize(const Outline& outline, std::string_view name, const Language& language);
 
 }  // namespace norvast::indexer

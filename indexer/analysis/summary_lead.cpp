@@ -1,12 +1,12 @@
 #include "indexer/analysis/summary_lead.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "document/type_group.h"
 #include "indexer/analysis/lines.h"
 #include "indexer/analysis/prose_text.h"
+#include "language/languages.h"
 #include "text/ascii.h"
 #include "text/file_name.h"
 #include "text/unicode.h"
@@ -17,41 +17,6 @@ namespace {
 // How far from the beginning a heading still stands for the whole text.
 constexpr std::size_t LEADING_BYTES = 600;
 
-// In lower case; a title or heading that is one of them, or begins with one before a blank, says
-// nothing of its own text.
-constexpr std::array<std::string_view, 32> EMPTY_TITLES = {"untitled",
-                                                           "unbenannt",
-                                                           "sans titre",
-                                                           "sin título",
-                                                           "senza titolo",
-                                                           "document",
-                                                           "dokument",
-                                                           "slide",
-                                                           "folie",
-                                                           "sheet",
-                                                           "tabelle",
-                                                           "presentation",
-                                                           "microsoft",
-                                                           "powerpoint",
-                                                           "contents",
-                                                           "table of contents",
-                                                           "inhalt",
-                                                           "inhaltsverzeichnis",
-                                                           "table des matières",
-                                                           "índice",
-                                                           "indice",
-                                                           "sommaire",
-                                                           "name",
-                                                           "bezeichnung",
-                                                           "nom",
-                                                           "nombre",
-                                                           "nome",
-                                                           "page",
-                                                           "seite",
-                                                           "synopsis",
-                                                           "no title",
-                                                           "title"};
-
 // "report-final.docx", but not "Version 2.1".
 bool isFileName(std::string_view title) {
   const std::string extension = fileExtension(title);
@@ -60,6 +25,8 @@ bool isFileName(std::string_view title) {
 }
 
 bool saysSomething(std::string_view title) {
+  // A title that is one of them, or begins with one before a blank, says nothing of its own text.
+  static const std::vector<std::string_view> EMPTY_TITLES = phrasesOfAll(&Language::emptyTitles);
   const std::string lower = lowerCase(title);
   const auto isEmptyTitle = [&lower](std::string_view empty) {
     if (!lower.starts_with(empty)) return false;
@@ -94,10 +61,10 @@ std::string firstHeading(const Outline& outline) {
 
 // "Re: AW: Garden pump" without what mail programs put before it.
 std::string_view subjectOf(std::string_view title) {
+  static const std::vector<std::string_view> MARKS = wordsOfAll(&Language::replyMarks);
   for (bool isCut = true; isCut;) {
     isCut = false;
-    for (const std::string_view prefix :
-         {"re:", "fw:", "fwd:", "aw:", "wg:", "sv:", "tr:", "rv:"}) {
+    for (const std::string_view prefix : MARKS) {
       if (asciiLowerCase(title.substr(0, prefix.size())) != prefix) continue;
       title = trimmed(title.substr(prefix.size()));
       isCut = true;

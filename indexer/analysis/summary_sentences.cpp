@@ -1,13 +1,12 @@
 #include "indexer/analysis/summary_sentences.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
 #include "indexer/analysis/lines.h"
 #include "indexer/analysis/prose_text.h"
-#include "indexer/analysis/text_language.h"
+#include "language/function_words.h"
 #include "text/ascii.h"
 #include "text/byte_set.h"
 #include "text/content_terms.h"
@@ -22,69 +21,22 @@ constexpr std::size_t SHORTEST_CLUSTERS = 20;
 constexpr std::size_t LONGEST_CLUSTERS = 300;
 constexpr std::size_t FEWEST_TERMS = 3;
 
-// In lower case; what holds one of them is about the file and not of its subject.
-constexpr std::array<std::string_view, 35> NOTICES = {"copyright",
-                                                      "(c) 1",
-                                                      "(c) 2",
-                                                      "all rights reserved",
-                                                      "under the terms of",
-                                                      "permission is granted",
-                                                      "permission is hereby",
-                                                      "without any warranty",
-                                                      "without warranty",
-                                                      "warranties",
-                                                      "general public license",
-                                                      "free documentation license",
-                                                      "creative commons",
-                                                      "licensed under",
-                                                      "this file is part of",
-                                                      "unsubscribe",
-                                                      "cookies",
-                                                      "javascript",
-                                                      "view this email in",
-                                                      "sent from my",
-                                                      "mailing list",
-                                                      "this page was last",
-                                                      "cc by-sa",
-                                                      "alle rechte vorbehalten",
-                                                      "unter den bedingungen der",
-                                                      "lizenz veröffentlicht",
-                                                      "tous droits réservés",
-                                                      "selon les termes de",
-                                                      "licence publique",
-                                                      "todos los derechos reservados",
-                                                      "bajo los términos de",
-                                                      "tutti i diritti riservati",
-                                                      "secondo i termini della",
-                                                      "gesendet von meinem",
-                                                      "envoyé de mon"};
-
+// A sentence with such a phrase is about the file and not of its subject.
 bool isNotice(std::string_view lower) {
+  static const std::vector<std::string_view> NOTICES = phrasesOfAll(&Language::notices);
   static const PhraseSet PHRASES(NOTICES);
   return PHRASES.isIn(lower) || lower.find("©") != std::string_view::npos;
 }
 
-// In lower case; a sentence that begins with one of them leans on the one before it.
-constexpr std::array<std::string_view, 48> LEANING_STARTS = {
-    "this ",       "these ",  "that ",     "those ", "it ",     "they ", "such ",   "but ",
-    "and ",        "however", "therefore", "thus",   "so ",     "then ", "also",    "for example",
-    "for details", "see ",    "he ",       "she ",   "note ",   "if ",   "dies",    "das ",
-    "es ",         "sie ",    "daher",     "jedoch", "aber ",   "und ",  "siehe ",  "wenn ",
-    "ce ",         "cette ",  "ces ",      "cela ",  "il ",     "elle ", "mais ",   "voir ",
-    "esto ",       "este ",   "pero ",     "véase ", "questo ", "ma ",   "vedere ", "quindi "};
-
-// What refers to a place in the text.
-constexpr std::array<std::string_view, 22> REFERENCES = {
-    "following",         "follows",  " below",    " above",         "see section", "refer to",
-    "table of contents", "folgende", "siehe ",    "unten",          "suivant",     "ci-dessous",
-    "ci-dessus",         " voir ",   "siguiente", "a continuación", "véase",       "seguent",
-    "di seguito",        "vedere ",  "download ", "click "};
-
+// Less for a question, for a sentence that leans on the one before it, and for one that refers to
+// another place in the text: none of them says much when it stands alone.
 double weightOf(std::string_view lower) {
+  static const std::vector<std::string_view> STARTS = phrasesOfAll(&Language::leaningStarts);
+  static const std::vector<std::string_view> REFERENCES = phrasesOfAll(&Language::references);
   static const PhraseSet PLACES(REFERENCES);
   const auto begins = [lower](std::string_view start) { return lower.starts_with(start); };
   double weight = lower.ends_with("?") ? 0.5 : 1;
-  if (std::any_of(LEANING_STARTS.begin(), LEANING_STARTS.end(), begins)) weight *= 0.6;
+  if (std::any_of(STARTS.begin(), STARTS.end(), begins)) weight *= 0.6;
   if (PLACES.isIn(lower)) weight *= 0.6;
   return weight;
 }
@@ -131,10 +83,10 @@ bool endsWithOrdinal(std::string_view sentence) {
          isBlank(sentence[before]);
 }
 
-std::vector<std::string_view> wholeSentencesOf(std::string_view prose, Language language) {
+std::vector<std::string_view> wholeSentencesOf(std::string_view prose, const Language& language) {
   std::vector<std::string_view> whole;
-  for (const std::string_view sentence : sentencesOf(prose, localeOf(language))) {
-    if (language == Language::german && !whole.empty() && endsWithOrdinal(whole.back())) {
+  for (const std::string_view sentence : sentencesOf(prose, std::string(language.code))) {
+    if (language.ordinalsEndWithPoint && !whole.empty() && endsWithOrdinal(whole.back())) {
       const char* start = whole.back().data();
       whole.back() = {start, static_cast<std::size_t>(sentence.data() + sentence.size() - start)};
     } else {
@@ -144,10 +96,11 @@ std::vector<std::string_view> wholeSentencesOf(std::string_view prose, Language 
   return whole;
 }
 
-std::vector<std::string> termsOf(std::string_view sentence, Language language) {
+std::vector<std::string> termsOf(std::string_view sentence, const Language& language) {
   std::vector<std::string> terms = contentTerms(sentence);
-  std::erase_if(terms,
-                [language](const std::string& term) { return isFunctionWordIn(term, language); });
+  std::erase_if(terms, [bit = bitOf(language)](const std::string& term) {
+    return isFunctionWordIn(term, bit);
+  });
   return terms;
 }
 
@@ -161,7 +114,7 @@ bool beginsSignature(std::string_view stretch) {
 
 }  // namespace
 
-std::vector<SummarySentence> summarySentences(const Outline& outline, Language language,
+std::vector<SummarySentence> summarySentences(const Outline& outline, const Language& language,
                                               std::size_t limitBytes) {
   std::vector<SummarySentence> sentences;
   std::vector<SummarySentence> notices;

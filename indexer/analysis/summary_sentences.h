@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "indexer/analysis/outline.h"
-#include "language/function_words.h"
+#include "language/language.h"
 
 namespace norvast::indexer {
 
@@ -20,7 +20,7 @@ struct SummarySentence {
 // In their order, from the leading `limitBytes`: whole sentences of letters for the most part, of
 // 20 to 300 user-perceived characters. Of a mail, greetings, quoted lines and the signature are
 // left out. Notices of rights, of cookies and the like are left out unless there is nothing else.
-std::vector<SummarySentence> summarySentences(const Outline& outline, Language language,
+std::vector<SummarySentence> summarySentences(const Outline& outline, const Language& language,
                                               std::size_t limitBytes);
 
 }  // namespace norvast::indexer

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "indexer/analysis/lines.h"
+#include "language/function_words.h"
 #include "text/unicode.h"
 
 namespace norvast::indexer {
@@ -14,12 +15,12 @@ constexpr std::size_t LOOKED_AT_WORDS = 600;
 constexpr std::size_t LOOKED_AT_WORDS_A_STRETCH = 40;
 constexpr std::size_t FEWEST_FUNCTION_WORDS = 3;
 
-using Counts = std::array<std::size_t, LANGUAGES>;
+using Counts = std::array<std::size_t, LANGUAGES.size()>;
 
 // The bits of all languages in which a word is a function word.
-unsigned languagesOf(std::string_view word) {
+LanguageBits languagesOf(std::string_view word) {
   const FunctionWord found = functionWord(foldDiacritics(lowerCase(word)));
-  return found.everywhere | unsigned{found.inItsTextsAlone};
+  return found.everywhere | found.inItsTextsAlone;
 }
 
 // How many of the leading words of a stretch each language has.
@@ -28,15 +29,15 @@ void count(std::string_view text, Counts& counts, std::size_t& words) {
   for (const std::string_view line : linesOf(text)) {
     for (const std::string_view word : wordsBetweenBlanks(line)) {
       if (++here > LOOKED_AT_WORDS_A_STRETCH || ++words > LOOKED_AT_WORDS) return;
-      const unsigned languages = languagesOf(word);
-      for (std::size_t at = 0; at < LANGUAGES; ++at) counts[at] += languages >> at & 1U;
+      const LanguageBits languages = languagesOf(word);
+      for (std::size_t at = 0; at < LANGUAGES.size(); ++at) counts[at] += languages >> at & 1U;
     }
   }
 }
 
 }  // namespace
 
-Language languageOf(const Outline& outline) {
+const Language& languageOf(const Outline& outline) {
   Counts counts{};
   std::size_t words = 0;
   for (const Stretch& stretch : outline.stretches) {
@@ -44,17 +45,8 @@ Language languageOf(const Outline& outline) {
     if (stretch.kind != Stretch::Kind::code) count(outline.textOf(stretch), counts, words);
   }
   const auto* most = std::max_element(counts.begin() + 1, counts.end());
-  if (*most < FEWEST_FUNCTION_WORDS || *most * 2 < counts.front()) return Language::english;
-  return static_cast<Language>(most - counts.begin());
-}
-
-std::string localeOf(Language language) {
-  constexpr std::array<const char*, LANGUAGES> LETTERS = {"en", "de", "fr", "es", "it", "pt", "nl"};
-  return LETTERS.at(static_cast<std::size_t>(language));
-}
-
-bool isFunctionWordIn(std::string_view word, Language language) {
-  return (languagesOf(word) >> static_cast<unsigned>(language) & 1U) != 0;
+  if (*most < FEWEST_FUNCTION_WORDS || *most * 2 < counts.front()) return ENGLISH;
+  return *LANGUAGES[static_cast<std::size_t>(most - counts.begin())];
 }
 
 }  // namespace norvast::indexer

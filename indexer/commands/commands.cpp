@@ -102,6 +102,10 @@ ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) 
   if (!path) return fail(named + ": it cannot be told where that is");
   const auto files = failedFiles(store->rdb, *path);
   if (!files) return failToRead(store->rdb);
+  if (!paths.empty() && !hasIndexedFile(store->rdb, *path)) {
+    if (store->rdb.hasFailed()) return failToRead(store->rdb);
+    return fail(named + ": nothing is indexed there");
+  }
   std::cout << (form == Form::json ? jsonText(withoutTextJson(*files)) : withoutTextList(*files));
   return ExitStatus::done;
 }

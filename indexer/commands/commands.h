@@ -9,6 +9,7 @@
 #include "indexer/console/progress.h"
 #include "indexer/decisions/decision_changes.h"
 #include "indexer/indexing/index_files.h"
+#include "store/connection.h"
 
 namespace norvast::indexer {
 
@@ -37,6 +38,10 @@ ExitStatus watchCommand(Verbosity verbosity);
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination);
 ExitStatus withdrawCommand(const std::vector<std::string>& paths);
 ExitStatus removeCommand(const std::vector<std::string>& paths);
+
+// True if the index knows a file at or below the path, as indexedPath gives it. False, too, when
+// the index cannot be read: Connection::hasFailed says so.
+bool hasIndexedFile(const Connection& index, const std::string& path);
 
 // What was decided; or decided no longer.
 ExitStatus rulesCommand(Form form);

@@ -3,13 +3,17 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <functional>
 #include <iostream>
+#include <numeric>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "indexer/commands/client_config.h"
@@ -18,6 +22,9 @@
 
 namespace norvast::indexer {
 namespace {
+
+// A word with more of them is taken for another word.
+constexpr std::size_t MOST_TYPING_ERRORS = 2;
 
 // What the command line says, and the command that it chose.
 struct CommandLine {
@@ -91,8 +98,10 @@ void defineAdd(CLI::App& app, CommandLine& line) {
   add->add_option("--exclude", line.choices.exclusions,
                   "Leave out names, or paths below PATH, that match this shell "
                   "pattern; remembered")
+      ->type_name("PATTERN")
       ->allow_extra_args(false);  // one value each: a path may follow
   add->add_option("--no-exclude", line.choices.noExclusions, "Forget such a pattern")
+      ->type_name("PATTERN")
       ->allow_extra_args(false);
   CLI::Option* all = add->add_flag("--no-gitignore", line.takesGitIgnored,
                                    "Take in what git ignores in a work tree; remembered");
@@ -100,7 +109,8 @@ void defineAdd(CLI::App& app, CommandLine& line) {
       ->excludes(all);
   add->add_option("--ocr-language", line.choices.recognitionLanguages,
                   "Recognise text in pictures in these languages, such as deu+eng; remembered for "
-                  "all folders");
+                  "all folders")
+      ->type_name("LANGUAGES");
   add->add_flag("--force", line.isForced, "Read unchanged files again, too");
   addDryRun(*add, line);
   addQuiet(*add, line);
@@ -230,13 +240,40 @@ void defineViews(CLI::App& app, CommandLine& line) {
       [&line] { line.command = [&line] { return clientConfigCommand(line.client); }; });
 }
 
-// What is wrong with the command line: for a first word that is no command, which ones there are.
+// How many characters are inserted, deleted or replaced to make one word of the other
+// (https://en.wikipedia.org/wiki/Levenshtein_distance).
+std::size_t editDistance(std::string_view one, std::string_view other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    std::size_t diagonal = row[0]++;
+    for (std::size_t j = 0; j < other.size(); ++j) {
+      const std::size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+    }
+  }
+  return row.back();
+}
+
+// What is wrong with the command line. For a first word that is no command, the answer names the
+// command that is at most two typing errors away, or else all commands.
 std::string objection(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv) {
   const std::string word = argc > 1 ? argv[1] : "-";
   std::string known;
+  std::string nearest;
+  std::size_t leastErrors = MOST_TYPING_ERRORS + 1;
   for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
     if (word.starts_with('-') || command->get_name() == word) return error.what();
     known += (known.empty() ? "" : ", ") + command->get_name();
+    const std::size_t errors = editDistance(word, command->get_name());
+    if (errors < leastErrors) {
+      leastErrors = errors;
+      nearest = command->get_name();
+    }
+  }
+  if (!nearest.empty()) {
+    return "there is no command \"" + printable(word) + "\"; did you mean \"" + nearest + "\"?";
   }
   return "there is no command " + printable(word) + ", but " + known;
 }

@@ -20,13 +20,6 @@
 namespace norvast::indexer {
 namespace {
 
-bool hasIndexedFile(const Connection& index, const std::string& path) {
-  const PathRange range(path);
-  return Statement(index, std::string("SELECT 1 FROM file WHERE ") + AT_OR_BELOW + " LIMIT 1",
-                   std::vector{range.path, range.firstBelow, range.firstBehind})
-      .step();
-}
-
 // Whether there is anything to decide about: a typing error must not pass for a decision.
 bool isKnown(const Connection& index, const Decisions& decisions, const std::string& path) {
   std::error_code failure;
@@ -74,6 +67,13 @@ ExitStatus changeEach(const std::vector<std::string>& paths, const char* done,
 }
 
 }  // namespace
+
+bool hasIndexedFile(const Connection& index, const std::string& path) {
+  const PathRange range(path);
+  return Statement(index, "SELECT 1 FROM file WHERE " + PathRange::condition() + " LIMIT 1",
+                   range.binds())
+      .step();
+}
 
 ExitStatus nominateCommand(const std::vector<std::string>& paths, Nomination nomination) {
   const RuleKind kind = nomination == Nomination::content ? RuleKind::content : RuleKind::metadata;

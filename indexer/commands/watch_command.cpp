@@ -4,6 +4,7 @@
 
 #include "indexer/commands/commands.h"
 #include "indexer/console/command_output.h"
+#include "indexer/console/report_remarks.h"
 #include "indexer/console/terminal.h"
 #include "indexer/decisions/decisions.h"
 #include "indexer/index/index_database.h"
@@ -18,6 +19,7 @@ namespace {
 
 // One line for what was done. What could not be read is in the index, and status lists it.
 void tell(const IndexingReport& report) {
+  std::cout << restrictedText(report.restrictedAgain) << std::flush;
   if (report.indexed + report.removed == 0) return;
   std::cout << count(report.indexed, "file") << " indexed, " << report.removed << " removed"
             << std::endl;

@@ -22,10 +22,10 @@ Seen countSeen(const Connection& scratch, const std::vector<std::string>& paths)
   for (const std::string& path : paths) {
     const PathRange range(path);
     Statement statement(scratch,
-                        std::string("SELECT allow_content FROM file LEFT JOIN mcp_exposure USING "
-                                    "(path) WHERE ") +
-                            AT_OR_BELOW,
-                        std::vector{range.path, range.firstBelow, range.firstBehind});
+                        "SELECT allow_content FROM file LEFT JOIN mcp_exposure USING "
+                        "(path) WHERE " +
+                            PathRange::condition(),
+                        range.binds());
     while (statement.step()) {
       ++(statement.text(0).empty()   ? seen.nothing
          : statement.integer(0) != 0 ? seen.text

@@ -21,6 +21,22 @@ std::string row(const std::string& name, std::uint64_t number) {
   return row(name, grouped(number));
 }
 
+// What decodes files and how far it is locked in; anything less than all of it in colour.
+std::string lockText(std::optional<LockState> lock) {
+  if (!lock) return coloured("none runs: not installed, or not to be locked in", Colour::yellow);
+  switch (*lock) {
+    case LockState::landlockUnknown:
+      return coloured("locked in less: this kernel does not know Landlock", Colour::yellow);
+    case LockState::landlockRefused:
+      return coloured("locked in less: Landlock is refused here", Colour::yellow);
+    case LockState::seccompUnknown:
+      return coloured("locked in less: this kernel does not know seccomp", Colour::yellow);
+    case LockState::whole:
+      break;
+  }
+  return "locked in";
+}
+
 }  // namespace
 
 std::string statusText(const IndexStatus& status) {
@@ -36,12 +52,14 @@ std::string statusText(const IndexStatus& status) {
          row("  with their content", status.nominatedWithContent) +
          row("audit events", status.auditEvents) +
          row("watched", process ? "by process " + std::to_string(*process) : "no") +
+         row("decoders", lockText(status.decoderLock)) +
          row("AI access", status.isAccessOn ? "on" : coloured("off", Colour::yellow)) +
          row("whole library", status.isLibraryOn ? coloured("on", Colour::yellow) : "off");
 }
 
 Json statusJson(const IndexStatus& status) {
   const auto& process = status.watchingProcess;
+  const auto lock = status.decoderLock;
   return Json::Object{{"index", status.path},
                       {"size_bytes", status.sizeBytes},
                       {"files", status.files},
@@ -59,6 +77,7 @@ Json statusJson(const IndexStatus& status) {
                       {"nominated_with_content", status.nominatedWithContent},
                       {"audit_events", status.auditEvents},
                       {"watching_process", process ? Json(*process) : Json()},
+                      {"decoder_lock", lock ? Json(std::string(lockWord(*lock))) : Json()},
                       {"ai_access", status.isAccessOn},
                       {"whole_library", status.isLibraryOn}};
 }

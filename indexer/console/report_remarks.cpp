@@ -42,13 +42,34 @@ std::string leftOut(const PathSample& paths, const std::string& noun, const std:
 
 }  // namespace
 
+std::string restrictedText(const std::vector<MovedRule>& moved) {
+  if (moved.empty()) return {};
+  std::string text;
+  for (const RuleKind kind : {RuleKind::withheld, RuleKind::leftOut, RuleKind::metadata}) {
+    std::vector<std::string> paths;
+    for (const MovedRule& one : moved) {
+      if (one.rule.kind == kind) paths.push_back(one.rule.path);
+    }
+    if (paths.empty()) continue;
+    const bool isOne = paths.size() == 1;
+    const std::string state =
+        kind == RuleKind::metadata ? "nominated without its text" : std::string(ruleName(kind));
+    text += count(paths.size(), "file") + " moved out of a " +
+            (kind == RuleKind::withheld ? "withheld folder" : "place with less to see") +
+            (isOne ? " stays " : " stay ") + state + ": " + listed(paths) + "; " +
+            (kind == RuleKind::leftOut ? "add" : "nominate") + (isOne ? " it" : " them") +
+            " to show " + (isOne ? "it" : "them") + "\n";
+  }
+  return text;
+}
+
 std::string remarksText(const IndexingReport& report) {
   const LeftOut& left = report.leftOut;
   const bool isNothingLeft = left.excluded.number() > 0 && report.indexed + report.unchanged == 0;
   return lines("no permission to open", report.scan.unreadableFolders) +
          lines("not there now, what is known of it is kept", report.missingRoots) +
          lines("a link leads there now, add the folder that it leads to", report.scan.linkedRoots) +
-         movedText(report.movedRules) +
+         movedText(report.movedRules) + restrictedText(report.restrictedAgain) +
          (report.modelObjection ? *report.modelObjection + "\n" : "") +
          leftOut(report.scan.unusableNames, "name", " with a line break or invalid UTF-8") +
          leftOut(report.scan.sensitivePaths, "sensitive path", "") +

@@ -14,4 +14,8 @@ std::string remarksText(const IndexingReport& report);
 // What rules leave out.
 std::string ruledOutText(const LeftOut& leftOut);
 
+// A line for each restriction that files kept when they turned up in a place that would show more
+// of them, with the command that lifts it; empty if there were none.
+std::string restrictedText(const std::vector<MovedRule>& moved);
+
 }  // namespace norvast::indexer

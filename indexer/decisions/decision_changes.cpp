@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "indexer/decisions/path_range.h"
+#include "indexer/decisions/restricted_files.h"
 #include "indexer/decisions/unfinished_removals.h"
 #include "store/statement.h"
 #include "store/transaction.h"
@@ -11,16 +12,36 @@
 namespace norvast::indexer {
 namespace {
 
+// While it lives, a commit is on the disk before it returns (https://www.sqlite.org/pragma.html,
+// synchronous). Rows that are made of files need not be: the next run makes them again.
+class Durable {
+ public:
+  explicit Durable(const Connection& index) : index_(index) { set("FULL"); }
+  ~Durable() { set("NORMAL"); }
+  Durable(const Durable&) = delete;
+  Durable& operator=(const Durable&) = delete;
+
+ private:
+  void set(const std::string& level) const {
+    (void)Statement(index_, "PRAGMA synchronous = " + level)
+        .run();  // the decision counts all the same
+  }
+
+  const Connection& index_;
+};
+
 // Does `change` with the decisions as they stand, which it brings up to date itself, and lets
 // clients see the files at and below the path accordingly.
 template <typename Change>
 DecisionChange inTransaction(CurrentDecisions& current, const std::string& path, Change change) {
   const Connection& index = current.index();
   DecisionChange result;
+  const Durable durable(index);
   Transaction transaction(index);
   Decisions* decisions = transaction ? current.get() : nullptr;
   if (decisions != nullptr && change(*decisions, result) &&
-      bringExposureInLine(index, decisions->rules, path) && hideUnfinished(index, *decisions) &&
+      bringExposureInLine(index, decisions->rules, path) &&
+      bringRestrictedInLine(index, decisions->rules, path) && hideUnfinished(index, *decisions) &&
       transaction.commit()) {
     return result;
   }
@@ -50,8 +71,8 @@ std::vector<StayingRules> stayingBelow(const Rules& rules, const Rule& rule) {
 // The indexed files for which the rule at the path holds.
 std::uint64_t countFollowing(const Connection& index, const Rules& rules, const std::string& path) {
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT path FROM file WHERE " + PathRange::condition(),
+                      range.binds());
   const bool isAlone = !rules.hasBelow(path);
   std::uint64_t number = 0;
   while (statement.step()) {

@@ -48,7 +48,7 @@ bool run(const Connection& index, const std::string& sql, const std::vector<std:
 // All rules in the roots of that range, and the nominations besides.
 bool dropRules(const Connection& index, const std::vector<std::string>& range) {
   return run(index,
-             "DELETE FROM rule WHERE " + std::string(AT_OR_BELOW) +
+             "DELETE FROM rule WHERE " + PathRange::condition() +
                  " AND (kind IN ('content', 'metadata') OR EXISTS (SELECT 1 FROM root r WHERE "
                  "(r.path = ?1 OR (r.path >= ?2 AND r.path < ?3)) AND (rule.path = r.path OR "
                  "(rule.path >= rtrim(r.path, '/') || '/' AND "
@@ -136,14 +136,15 @@ bool storeRoot(const Connection& index, const Root& root) {
 
 bool dropRoots(const Connection& index, const std::string& path) {
   const PathRange range(path);
-  const std::vector<std::string> binds = {range.path, range.firstBelow, range.firstBehind};
+  const auto binds = range.binds();
   return run(index,
              "DELETE FROM exclusion WHERE root IN (SELECT path FROM root "
              "WHERE " +
-                 std::string(AT_OR_BELOW) + ")",
+                 PathRange::condition() + ")",
              binds) &&
          dropRules(index, binds) &&
-         run(index, "DELETE FROM root WHERE " + std::string(AT_OR_BELOW), binds);
+         run(index, "DELETE FROM restricted_file WHERE " + PathRange::condition(), binds) &&
+         run(index, "DELETE FROM root WHERE " + PathRange::condition(), binds);
 }
 
 }  // namespace norvast::indexer

@@ -22,9 +22,9 @@ std::optional<std::vector<Change>> changes(const Connection& index, const Rules&
                                            const PathRange& range) {
   Statement statement(index,
                       "SELECT f.path, m.path IS NOT NULL, m.allow_content FROM file f LEFT JOIN "
-                      "mcp_exposure m ON m.path = f.path WHERE (f.path = ? OR (f.path >= ? AND "
-                      "f.path < ?))",
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+                      "mcp_exposure m ON m.path = f.path WHERE " +
+                          PathRange::condition("f.path"),
+                      range.binds());
   std::vector<Change> changes;
   while (statement.step()) {
     std::string path = statement.text(0);
@@ -69,8 +69,8 @@ bool bringExposureInLine(const Connection& index, const Rules& rules, const std:
 
 std::uint64_t countExposed(const Connection& index, const std::string& path) {
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT COUNT(*) FROM mcp_exposure WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT COUNT(*) FROM mcp_exposure WHERE " + PathRange::condition(),
+                      range.binds());
   return statement.step() ? static_cast<std::uint64_t>(statement.integer(0)) : 0;
 }
 

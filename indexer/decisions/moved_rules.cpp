@@ -30,13 +30,6 @@ std::string identityAt(const std::string& path) {
   return fileIdentity(path).value_or("");
 }
 
-// Whether the rule for the path was made for what lies there now.
-bool isDecided(const Connection& index, const std::string& path) {
-  Statement statement(index, "SELECT 1 FROM rule WHERE path = ? AND identity = ?",
-                      std::vector{path, fileIdentity(path).value_or("nothing there")});
-  return statement.step();
-}
-
 // Lets the rule for the path stand for what lies there now.
 bool restamp(const Connection& index, const std::string& path) {
   return Statement(index, "UPDATE rule SET identity = ? WHERE path = ?",
@@ -46,11 +39,25 @@ bool restamp(const Connection& index, const std::string& path) {
 
 }  // namespace
 
-// The kinds stand in the order of what they show, most of it first. Rules further out come first in
-// the order of paths.
+bool isDecided(const Connection& index, const std::string& path) {
+  Statement statement(index, "SELECT 1 FROM rule WHERE path = ? AND identity = ?",
+                      std::vector{path, fileIdentity(path).value_or("nothing there")});
+  return statement.step();
+}
+
+// Rules further out come first in the order of paths, so that a rule is looked at after those
+// around it.
 std::vector<Rule> carriedRules(Rules rules, const std::string& from, const std::string& to) {
   std::vector<Rule> candidates = rules.below(from);
-  if (const auto own = rules.at(from)) candidates.insert(candidates.begin(), {from, *own});
+  const auto outermost = rules.holdingFor(from);
+  const bool isRestricted =
+      outermost && (outermost->kind == RuleKind::withheld || outermost->kind == RuleKind::metadata);
+  const auto shownThere = rules.holdingFor(to);
+  if (outermost && outermost->path == from) {
+    candidates.insert(candidates.begin(), *outermost);
+  } else if (isRestricted && shownThere && showsLess(outermost->kind, shownThere->kind)) {
+    candidates.insert(candidates.begin(), {from, outermost->kind});
+  }
   const bool isOutsideSame = holdingAbove(rules, from) == holdingAbove(rules, to);
   std::vector<Rule> carried;
   std::set<std::string> carriedFrom;
@@ -62,7 +69,7 @@ std::vector<Rule> carriedRules(Rules rules, const std::string& from, const std::
                                  : isOutsideSame;
     const auto present = rules.holdingFor(place);
     const bool isOwn = present && present->path == place;
-    const bool isLess = present && present->kind > rule.kind;
+    const bool isLess = present && showsLess(present->kind, rule.kind);
     if (isNomination(rule.kind) ? !isAboveSame || (isOwn && isLess) : isLess) continue;
     carriedFrom.insert(rule.path);
     if (isOwn && present->kind == rule.kind) continue;

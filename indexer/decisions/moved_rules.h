@@ -14,8 +14,9 @@ namespace norvast::indexer {
 
 // The rules to be added when all that lies at `from` has moved to `to`; those for the old place
 // stay. What withholds or leaves out is always carried, unless even less is shown at the new place.
-// A nomination is carried only where the next rule further out is the same or was carried, too: a
-// folder that is put away where nothing is shown is to be seen no longer.
+// What was withheld by a rule further out than `from` stays withheld, too. A nomination is carried
+// only where the next rule further out is the same or was carried, too: a folder that is put away
+// where nothing is shown is to be seen no longer.
 std::vector<Rule> carriedRules(Rules rules, const std::string& from, const std::string& to);
 
 struct MovedRule {
@@ -27,6 +28,9 @@ struct MovedRule {
 // user decided about the new place since then. Nothing when the index could not be read or written.
 std::optional<std::vector<MovedRule>> carryRules(const Connection& index, const std::string& from,
                                                  const std::string& to);
+
+// True if the rule for the path was made for what lies there now.
+bool isDecided(const Connection& index, const std::string& path);
 
 struct CarriedRules {
   std::vector<MovedRule> rules;         // those that were added

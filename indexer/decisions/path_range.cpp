@@ -42,6 +42,10 @@ PathRange::PathRange(const std::string& root)
       firstBelow(root.ends_with('/') ? root : root + "/"),
       firstBehind(firstBelow.substr(0, firstBelow.size() - 1) + "0") {}
 
+std::string PathRange::condition(const std::string& column) {
+  return "(" + column + " = ? OR (" + column + " >= ? AND " + column + " < ?))";
+}
+
 bool PathRange::contains(std::string_view other) const {
   return other == path || (other >= firstBelow && other < firstBehind);
 }

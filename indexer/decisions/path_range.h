@@ -4,12 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace norvast::indexer {
-
-// The SQL condition on a column `path` of all paths at or below one, for three text binds: the path
-// itself, the first and the first one behind those below.
-inline constexpr const char* AT_OR_BELOW = "(path = ? OR (path >= ? AND path < ?))";
 
 struct PathRange {
   std::string path;
@@ -19,6 +16,11 @@ struct PathRange {
   explicit PathRange(const std::string& root);
 
   bool contains(std::string_view other) const;
+
+  // The SQL condition that is true for paths in this range in a column of that name, with three
+  // binds: those that `binds` returns, in their order. An index on the column serves it.
+  static std::string condition(const std::string& column = "path");
+  std::vector<std::string> binds() const { return {path, firstBelow, firstBehind}; }
 };
 
 // The absolute path that the index knows a user's path by: with all links on its way resolved, even

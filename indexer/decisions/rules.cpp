@@ -32,6 +32,23 @@ std::optional<RuleKind> ruleNamed(std::string_view name) {
   return row->first;
 }
 
+bool showsLess(RuleKind one, RuleKind other) {
+  const auto shown = [](RuleKind kind) {
+    switch (kind) {
+      case RuleKind::content:
+        return 3;
+      case RuleKind::metadata:
+        return 2;
+      case RuleKind::withheld:
+        return 1;
+      case RuleKind::leftOut:
+        break;
+    }
+    return 0;
+  };
+  return shown(one) < shown(other);
+}
+
 std::optional<RuleKind> Rules::at(std::string_view path) const {
   const auto found = kinds_.find(path);
   if (found == kinds_.end()) return std::nullopt;

@@ -22,6 +22,9 @@ enum class RuleKind {
 std::string_view ruleName(RuleKind kind);
 std::optional<RuleKind> ruleNamed(std::string_view name);
 
+// True if a rule of the first kind shows clients less of a file than one of the second.
+bool showsLess(RuleKind one, RuleKind other);
+
 struct Rule {
   std::string path;  // absolute; a file or a folder with all that is below it
   RuleKind kind = RuleKind::withheld;

@@ -1,7 +1,6 @@
 #include "indexer/decisions/unfinished_removals.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "indexer/decisions/exposure.h"
 #include "indexer/decisions/path_range.h"
@@ -10,15 +9,10 @@
 namespace norvast::indexer {
 namespace {
 
-// Stands before the path in the name of a setting. Paths are absolute.
-constexpr std::string_view REMOVING = "removing ";
-
-std::string settingOf(const std::string& path) { return std::string(REMOVING) + path; }
-
 bool hideUnindexed(const Connection& index, const Decisions& decisions, const std::string& path) {
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM mcp_exposure WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT path FROM mcp_exposure WHERE " + PathRange::condition(),
+                      range.binds());
   std::vector<std::string> hidden;
   while (statement.step()) {
     std::string file = statement.text(0);
@@ -34,21 +28,17 @@ bool hideUnindexed(const Connection& index, const Decisions& decisions, const st
 }  // namespace
 
 bool noteRemoval(const Connection& index, const std::string& path) {
-  return Statement(index, "INSERT OR IGNORE INTO setting(name,value) VALUES(?,'')",
-                   std::vector{settingOf(path)})
-      .run();
+  return Statement(index, "INSERT OR IGNORE INTO removal(path) VALUES(?)", std::vector{path}).run();
 }
 
 bool strikeRemoval(const Connection& index, const std::string& path) {
-  return Statement(index, "DELETE FROM setting WHERE name = ?", std::vector{settingOf(path)}).run();
+  return Statement(index, "DELETE FROM removal WHERE path = ?", std::vector{path}).run();
 }
 
 std::optional<std::vector<std::string>> unfinishedRemovals(const Connection& index) {
-  const PathRange all{std::string(REMOVING)};
-  Statement statement(index, "SELECT name FROM setting WHERE name >= ? AND name < ?",
-                      std::vector{all.firstBelow, all.firstBehind});
+  Statement statement(index, "SELECT path FROM removal");
   std::vector<std::string> paths;
-  while (statement.step()) paths.push_back(statement.text(0).substr(REMOVING.size()));
+  while (statement.step()) paths.push_back(statement.text(0));
   if (!statement.isDone()) return std::nullopt;
   return paths;
 }

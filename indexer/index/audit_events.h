@@ -19,10 +19,11 @@ struct TrailEvent {
   std::string severity;
 };
 
-// The last `most` events, oldest first. Nothing when the trail could not be read.
+// Returns the last `most` events, oldest first. Returns nothing if the trail could not be read.
 std::optional<std::vector<TrailEvent>> lastEvents(const MCPStore& store, std::uint64_t most);
 
-// The events behind that number. Nothing as above.
+// Returns the events with a higher number, oldest first. Returns nothing if the trail could not be
+// read.
 std::optional<std::vector<TrailEvent>> eventsAfter(const MCPStore& store, std::int64_t number);
 
 }  // namespace norvast::indexer

@@ -5,9 +5,9 @@
 
 namespace norvast::indexer {
 
-// Gives back the pages that removed rows left, in steps that hold the write lock for moments, and
-// the write-ahead log. What cannot be done because another program uses the index stays for the
-// next time.
+// Shrinks the database by the pages that removed rows left, and empties the write-ahead log. Each
+// step holds the write lock for some milliseconds. What another program's use of the index prevents
+// is left for the next call.
 void giveBackSpace(const Connection& index);
 
 }  // namespace norvast::indexer

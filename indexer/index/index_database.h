@@ -9,14 +9,14 @@
 
 namespace norvast::indexer {
 
-// The index of this user, open for writing; it and its folder are created when they are missing,
-// and tables of an earlier version are brought up to date. In write-ahead mode, so that a running
-// server goes on reading. Or, in one sentence for the user, why it cannot be used: it is then left
-// untouched.
+// Opens the index of this user for writing. Creates it and its folder if they are missing, and
+// brings the tables of an earlier version up to date. The database is in write-ahead mode, so that
+// a running server can go on reading. If the index cannot be used, it is left untouched, and the
+// result is the reason, in one sentence for the user.
 std::variant<Connection, std::string> openIndex();
 
-// In one sentence for the user, why the file at the index's place is none of ours. Nothing when it
-// is one, or there is none yet. Looks at its header alone.
+// Returns the reason why the file at the index's place is not an index of ours, in one sentence for
+// the user. Returns nothing if it is one, or if there is no file yet. Reads only the file's header.
 std::optional<std::string> objectionToIndex();
 
 }  // namespace norvast::indexer

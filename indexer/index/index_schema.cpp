@@ -62,6 +62,13 @@ constexpr std::array TABLES = {
     Table{"rule", Origin::kept,
           "rule(path TEXT PRIMARY KEY NOT NULL, kind TEXT NOT NULL, identity TEXT NOT NULL DEFAULT "
           "'') WITHOUT ROWID"},
+    // What restricted files are known again by, with the path where each was seen last and the kind
+    // of the rule for it there.
+    Table{"restricted_file", Origin::kept,
+          "restricted_file(identity TEXT PRIMARY KEY NOT NULL, path TEXT NOT NULL, kind TEXT NOT "
+          "NULL) WITHOUT ROWID"},
+    // Removals that began: at and below these paths rows are left that are not to be indexed.
+    Table{"removal", Origin::kept, "removal(path TEXT PRIMARY KEY NOT NULL) WITHOUT ROWID"},
     Table{"setting", Origin::kept,
           "setting(name TEXT PRIMARY KEY NOT NULL, value TEXT NOT NULL) WITHOUT ROWID"},
 };
@@ -135,6 +142,14 @@ bool keepNominations(const Connection& index) {
              "'content' ELSE 'metadata' END FROM mcp_exposure");
 }
 
+// Up to version 4 removals that began were settings, named "removing " and the path.
+bool keepRemovals(const Connection& index) {
+  return run(index,
+             "INSERT OR IGNORE INTO removal(path) SELECT substr(name, 10) FROM setting WHERE name "
+             "LIKE 'removing /%'") &&
+         run(index, "DELETE FROM setting WHERE name LIKE 'removing /%'");
+}
+
 std::int64_t versionOf(const Connection& index) {
   Statement statement(index, "PRAGMA user_version");
   return statement.step() ? statement.integer(0) : -1;
@@ -147,7 +162,7 @@ bool bringTablesUpToDate(const Connection& index) {
   if (version < 0 || version > INDEX_VERSION) return false;
   return std::all_of(TABLES.begin(), TABLES.end(),
                      [&](const Table& table) { return bringUpToDate(index, table); }) &&
-         (version != 1 || keepNominations(index)) &&
+         (version != 1 || keepNominations(index)) && keepRemovals(index) &&
          run(index, "PRAGMA application_id = " + std::to_string(INDEX_APPLICATION_ID)) &&
          run(index, "PRAGMA user_version = " + std::to_string(INDEX_VERSION));
 }

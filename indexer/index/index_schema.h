@@ -10,31 +10,31 @@
 
 namespace norvast::indexer {
 
-// Marks the database as made by this program ("Norv" in ASCII), and the version of its tables: to
-// be raised with every change of them.
+// The application id marks the database as made by this program ("Norv" in ASCII). The version is
+// that of its tables, and is raised with every change of them.
 inline constexpr std::uint32_t INDEX_APPLICATION_ID = 0x4E6F7276;
-inline constexpr std::uint32_t INDEX_VERSION = 4;
+inline constexpr std::uint32_t INDEX_VERSION = 5;
 
-// The tables that describe a file by its path.
+// The tables whose rows describe the file at the path in their column `path`.
 inline constexpr std::array FILE_TABLES = {"file",      "mcp_exposure", "analysis",
                                            "embedding", "chunk",        "failure"};
 
-// Stands for the nanoseconds in the modification time of a file that is to be read anew, whatever
-// its times: no file has them.
+// Stored as the nanoseconds of a file's modification time, it makes the next run read that file
+// again: no file has such a time.
 inline constexpr std::int64_t READ_ANEW = -1;
 
-// Gives the index all tables in their present layout, in one transaction; several programs may do
-// so at once. What users decided, what clients did and which files are known is kept; what was made
-// of files' texts goes where its table has changed, and is made anew when they are indexed next.
-// Nothing when that is done, else why the index cannot be written; it is then as before.
+// Brings all tables to their present layout in one transaction. Several programs may do so at once.
+// Decisions, the audit trail and the list of files are kept. What was made of the files' texts is
+// dropped where the layout of its table changed; the next run makes it again. Returns nothing when
+// that is done, else the reason why the index cannot be written, which is then as it was before.
 std::optional<std::string> obstacleToPresentTables(const Connection& index);
 
 // Returns true when there is a view in the index, which has none as this program makes it. One in
 // the place of a table may have no end.
 bool hasViews(const Connection& index);
 
-// Whether all tables are there as this version makes them, or it is an earlier version's index.
-// False when that cannot be read.
+// True if all tables have the layout of this version, or if the index is of an earlier version.
+// False if they have not, or if that cannot be read.
 bool hasItsTables(const Connection& index);
 
 }  // namespace norvast::indexer

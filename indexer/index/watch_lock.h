@@ -10,12 +10,12 @@
 
 namespace norvast::indexer {
 
-// Held as long as it lives, and given back by the system when the process ends, however it does.
-// Closing any descriptor of the lock's file would give it back, too (fcntl(2)): a process that
-// holds one does not ask who watches.
+// The lock is held while this object lives. The system releases it when the process ends, also when
+// that is killed. Closing any descriptor of the lock's file would release it as well (fcntl(2)), so
+// a process that holds the lock must not call watchingProcess.
 class WatchLock {
  public:
-  // Nothing when another process holds it, or the folder cannot be written to.
+  // Returns nothing if another process holds the lock, or if the folder cannot be written to.
   static std::optional<WatchLock> take(const std::string& indexFolder);
 
  private:
@@ -24,7 +24,7 @@ class WatchLock {
   Descriptor file_;
 };
 
-// The process that watches the index in this folder now; nothing when none does.
+// Returns the id of the process that watches the index in this folder now, or nothing if none does.
 std::optional<std::int64_t> watchingProcess(const std::string& indexFolder);
 
 }  // namespace norvast::indexer

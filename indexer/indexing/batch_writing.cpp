@@ -21,7 +21,7 @@ using Clock = std::chrono::steady_clock;
 }  // namespace
 
 BatchWriting::BatchWriting(const Connection& index)
-    : index_(index), writer_(index), exposure_(index), current_(index) {}
+    : index_(index), writer_(index), exposure_(index), restricted_(index), current_(index) {}
 
 bool BatchWriting::replace(const std::vector<AnalysedFile>& batch, std::uint64_t& written) {
   std::uint64_t count = 0;
@@ -34,7 +34,8 @@ bool BatchWriting::replace(const std::vector<AnalysedFile>& batch, std::uint64_t
              if (!decisions.isIndexed(path) || isExcluded(decisions, path)) return true;
              ++count;
              return writer_.replace(analysed.file, analysed.analysis) &&
-                    exposure_.write(path, nominationBy(decisions.rules, path));
+                    exposure_.write(path, nominationBy(decisions.rules, path)) &&
+                    restricted_.noteSeen(decisions.rules, path);
            });
   });
   if (!isOfScheme) obstacle = "another run has made its vectors anew with another model";

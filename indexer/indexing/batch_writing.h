@@ -9,6 +9,7 @@
 
 #include "indexer/decisions/decisions.h"
 #include "indexer/decisions/exposure.h"
+#include "indexer/decisions/restricted_files.h"
 #include "indexer/indexing/file_analysis.h"
 #include "indexer/indexing/file_scan.h"
 #include "indexer/indexing/index_writer.h"
@@ -54,6 +55,7 @@ class BatchWriting {
   const Connection& index_;
   IndexWriter writer_;
   ExposureWriter exposure_;
+  RestrictedFiles restricted_;
   CurrentDecisions current_;
 };
 

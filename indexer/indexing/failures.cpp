@@ -68,10 +68,10 @@ bool isTriedAgain(const FailedFile& failed) {
 std::optional<std::vector<FailedFile>> failedFiles(const Connection& index,
                                                    const std::string& path) {
   const PathRange range(path);
-  Statement statement(index,
-                      std::string("SELECT path, reason, reader FROM failure WHERE ") + AT_OR_BELOW +
-                          " ORDER BY path",
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(
+      index,
+      "SELECT path, reason, reader FROM failure WHERE " + PathRange::condition() + " ORDER BY path",
+      range.binds());
   std::vector<FailedFile> files;
   while (statement.step()) {
     files.push_back(

@@ -93,7 +93,7 @@ FileAnalysis analyseFile(const std::string& path, const ReadingOptions& options,
     analysis.method = std::move(document.method);
     if (analysis.group.empty()) analysis.group = groupOfMethod(analysis.method);
     const Outline outline = outlineOf(std::move(document), name);
-    const Language language = languageOf(outline);
+    const Language& language = languageOf(outline);
     analysis.title = outline.title;
     analysis.summary = summarize(outline, name, language);
     analysis.entities = joined(findEntities(outline, language), "\n");

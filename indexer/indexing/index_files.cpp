@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <iterator>
 #include <set>
 #include <span>
 #include <string>
@@ -11,6 +12,7 @@
 
 #include "indexer/decisions/decisions.h"
 #include "indexer/decisions/path_range.h"
+#include "indexer/decisions/restricted_files.h"
 #include "indexer/decisions/unfinished_removals.h"
 #include "indexer/indexing/batch_writing.h"
 #include "indexer/indexing/file_analysis.h"
@@ -144,6 +146,11 @@ class Indexing {
     report_.obstacle = carryRules(changed);
     if (report_.obstacle) return;
     if (indexChanged(std::move(changed))) (void)dropVanished(unreadableBefore);
+    const auto& note = isLong ? noteAllRestricted : noteLeftOut;
+    if (!note(index_, decisions.rules, place.start)) {
+      report_.obstacle = index_.lastFailure();
+      return;
+    }
     report_.obstacle = writing_.obstacle;
   }
 
@@ -174,14 +181,29 @@ class Indexing {
   // index could not be written.
   std::optional<std::string> carryRules(std::vector<ScannedFile>& changed) {
     meetFoldersOf(changed);
-    const auto [carried, obstacle] = moved_.carry();
-    if (obstacle || carried.empty()) return obstacle;
+    auto [carried, obstacle] = moved_.carry();
+    if (obstacle) return obstacle;
+    std::vector<std::string> files;
+    files.reserve(changed.size());
+    for (const ScannedFile& file : changed) files.push_back(file.path);
+    auto again = restrictAgain(index_, files);
+    if (again.obstacle) return again.obstacle;
+    if (carried.empty() && again.rules.empty()) return std::nullopt;
+    std::move(carried.begin(), carried.end(), std::back_inserter(report_.movedRules));
+    std::move(again.rules.begin(), again.rules.end(), std::back_inserter(report_.restrictedAgain));
+    return dropLeftOut(changed);
+  }
+
+  // What is left out by a rule that was carried is not indexed, and was not what is indexed there.
+  std::optional<std::string> dropLeftOut(std::vector<ScannedFile>& changed) {
     writing_.forgetDecisions();
-    report_.movedRules.insert(report_.movedRules.end(), carried.begin(), carried.end());
     const auto decisions = readDecisions(index_);
     if (!decisions) return index_.lastFailure();
-    std::erase_if(changed,
-                  [&](const ScannedFile& file) { return !decisions->isIndexed(file.path); });
+    std::erase_if(changed, [&](const ScannedFile& file) {
+      const bool isLeftOut = !decisions->isIndexed(file.path);
+      if (isLeftOut) known_.lose(file.path);
+      return isLeftOut;
+    });
     return std::nullopt;
   }
 
@@ -282,8 +304,8 @@ IndexingReport removeUnindexed(const Connection& index, const std::string& path)
   IndexingReport report;
   const auto decisions = readDecisions(index);
   const PathRange range(path);
-  Statement statement(index, std::string("SELECT path FROM file WHERE ") + AT_OR_BELOW,
-                      std::vector{range.path, range.firstBelow, range.firstBehind});
+  Statement statement(index, "SELECT path FROM file WHERE " + PathRange::condition(),
+                      range.binds());
   std::vector<std::string> unindexed;
   while (decisions && statement.step()) {
     std::string file = statement.text(0);

@@ -30,6 +30,7 @@ struct IndexingReport {
   std::optional<std::string> modelObjection;  // why the installed model is not used, a sentence
   std::vector<FailedFile> failures;           // of the files that this run read; indexed by name
   std::vector<MovedRule> movedRules;          // carried to where that lies now
+  std::vector<MovedRule> restrictedAgain;     // files that came from where less was shown of them
   std::vector<std::string> missingRoots;  // that are not there now; what is known of them is kept
   ScanReport scan;
   LeftOut leftOut;

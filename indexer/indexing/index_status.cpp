@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "access/switch_files.h"
+#include "content/isolated_extraction.h"
 #include "indexer/decisions/decisions.h"
 #include "indexer/decisions/rule_counts.h"
 #include "indexer/index/index_schema.h"
@@ -104,6 +105,7 @@ std::optional<IndexStatus> indexStatus(const MCPStore& store) {
   status.embeddingScheme = setting(store.rdb, EMBEDDING_SCHEME_SETTING);
   const auto folder = indexFolder();
   status.watchingProcess = folder ? watchingProcess(*folder) : std::nullopt;
+  status.decoderLock = isolationLock();
   status.isAccessOn = !isAccessOff();
   status.isLibraryOn = isLibraryOn();
   return status;

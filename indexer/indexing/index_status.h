@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "document/lock_state.h"
 #include "store/mcp_store.h"
 
 namespace norvast::indexer {
@@ -28,6 +29,7 @@ struct IndexStatus {
   std::uint64_t nominatedWithContent = 0;
   std::uint64_t auditEvents = 0;
   std::optional<std::int64_t> watchingProcess;
+  std::optional<LockState> decoderLock;  // nothing when no decoder can run here
   bool isAccessOn = true;
   bool isLibraryOn = false;
 };

@@ -28,8 +28,8 @@ bool KnownFiles::read(const Connection& index, const Decisions& decisions, const
   const bool isAlone = placesWithin(decisions, place.start).size() == 1;
   const PathRange range(place.start);
   Statement statement(
-      index, std::string("SELECT path, size, modified, nanoseconds FROM file WHERE ") + AT_OR_BELOW,
-      std::vector{range.path, range.firstBelow, range.firstBehind});
+      index, "SELECT path, size, modified, nanoseconds FROM file WHERE " + PathRange::condition(),
+      range.binds());
   while (statement.step()) {
     std::string path = statement.text(0);
     if (!isAlone && decisions.rootOf(path)->path != place.root) continue;

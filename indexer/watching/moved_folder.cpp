@@ -12,8 +12,8 @@ namespace norvast::indexer {
 namespace {
 
 bool clear(const Connection& index, const std::string& table, const PathRange& range) {
-  return Statement(index, "DELETE FROM " + table + " WHERE " + AT_OR_BELOW,
-                   std::vector{range.path, range.firstBelow, range.firstBehind})
+  return Statement(index, "DELETE FROM " + table + " WHERE " + PathRange::condition(),
+                   range.binds())
       .run();
 }
 
@@ -21,8 +21,7 @@ bool move(const Connection& index, const std::string& table, const std::string& 
           const PathRange& from, const PathRange& to) {
   return Statement(index,
                    "UPDATE OR REPLACE " + table + " SET " + column + " = ? || substr(" + column +
-                       ", length(?) + 1) WHERE " + column + " = ? OR (" + column + " >= ? AND " +
-                       column + " < ?)",
+                       ", length(?) + 1) WHERE " + PathRange::condition(column),
                    std::vector{to.path, from.path, from.path, from.firstBelow, from.firstBehind})
       .run();
 }

@@ -58,7 +58,10 @@ class Watching {
 
   std::optional<std::string> run() {
     if (const auto folder = indexFolder()) (void)own_.add(*folder);
-    if (!takeDecisions() || !startOver()) return obstacle_;
+    const Decisions* first = currentDecisions();
+    if (first == nullptr) return obstacle_;
+    decisions_ = *first;
+    if (!startOver()) return obstacle_;
     while (!stop_.hasCome()) {
       wait();
       takeEvents();
@@ -79,20 +82,22 @@ class Watching {
     return indexPaths(roots);
   }
 
+  // Returns nullptr, and sets the obstacle, if they could not be read.
+  const Decisions* currentDecisions() {
+    const Decisions* current = current_.get();
+    if (current == nullptr) obstacle_ = index_.lastFailure();
+    return current;
+  }
+
   // What another command decided. It brings the rows in line itself, but for what was left out, and
   // for what changed in a new root before that was watched.
   bool takeDecisions() {
-    const Decisions* current = current_.get();
-    if (current == nullptr) {
-      obstacle_ = index_.lastFailure();
-      return false;
-    }
+    const Decisions* current = currentDecisions();
+    if (current == nullptr) return false;
     const std::vector<std::string> rules = changedRules(decisions_.rules, current->rules);
     const bool areRootsSame = isSame(decisions_.roots, current->roots);
     if (areRootsSame && rules.empty()) return true;
-    const bool isFirst = decisions_.roots.empty() && decisions_.rules.all().empty();
     decisions_ = *current;
-    if (isFirst) return true;
     if (!areRootsSame) {
       takeEvents();
       folders_.restart(decisions_);
@@ -203,7 +208,7 @@ class Watching {
         indexFiles(index_, sentence_, paths, nullptr, [this] { return stop_.hasCome(); });
     listener_.indexed(report);
     obstacle_ = report.obstacle;
-    if (!report.movedRules.empty()) current_.forget();
+    if (!report.movedRules.empty() || !report.restrictedAgain.empty()) current_.forget();
     return !obstacle_ && takeDecisions();
   }
 

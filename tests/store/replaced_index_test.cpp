@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/index_command.h"
-#include "tests/server_session.h"
+#include "tests/harness/index_command.h"
+#include "tests/harness/server_session.h"
 
 namespace norvast {
 namespace {
