@@ -25,6 +25,10 @@ std::int64_t secondsSince1970() {
   return std::chrono::duration_cast<std::chrono::seconds>(now).count();
 }
 
+// Of one row, which takes less than a millisecond. A foreign database may hold a trigger without an
+// end.
+constexpr std::chrono::seconds MOST_WRITING_TIME{1};
+
 }  // namespace
 
 std::string quoted(std::string_view query) {
@@ -32,6 +36,7 @@ std::string quoted(std::string_view query) {
 }
 
 void audit(const MCPStore& store, const AuditEvent& event) {
+  store.wdb.limitTime(MOST_WRITING_TIME + std::chrono::milliseconds(BUSY_TIMEOUT_MILLISECONDS));
   Statement insert(store.wdb,
                    "INSERT INTO audit_event(ts,verb,object,result,severity) VALUES(?,?,?,?,?)");
   insert.bind(1, secondsSince1970());

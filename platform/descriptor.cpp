@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,6 +12,9 @@
 
 namespace norvast {
 namespace {
+
+// Where they can only be tried one by one: a limit without an end would take hours.
+constexpr rlim_t MOST_DESCRIPTORS = rlim_t{1} << 16;
 
 // True when a failed transfer is to be tried again. A client may have made our end non-blocking:
 // then it waits until the descriptor is ready for `events`.
@@ -71,6 +75,16 @@ void keepStandardDescriptorsOpen() {
     // The lowest free number is taken, which is this one.
     if (fcntl(number, F_GETFD) < 0) (void)open("/dev/null", O_RDWR);
   }
+}
+
+void closeInheritedDescriptors() {
+  constexpr unsigned FIRST = STDERR_FILENO + 1;
+  if (close_range(FIRST, ~0U, 0) == 0) return;
+  // A kernel before 5.9, or a filter that does not know the call.
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  const auto end = static_cast<int>(std::min<rlim_t>(limit.rlim_cur, MOST_DESCRIPTORS));
+  for (int number = FIRST; number < end; ++number) (void)close(number);
 }
 
 void ignoreBrokenPipes() { (void)std::signal(SIGPIPE, SIG_IGN); }

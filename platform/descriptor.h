@@ -50,6 +50,10 @@ class Descriptor {
 // later takes their place.
 void keepStandardDescriptorsOpen();
 
+// Closes all descriptors above 2, which the program that started this one left open. To be called
+// before this process opens anything that has an owner.
+void closeInheritedDescriptors();
+
 // Lets a write to a closed pipe fail instead of ending the process.
 void ignoreBrokenPipes();
 

@@ -16,4 +16,10 @@ std::optional<std::string> fileIdentity(const std::string& path) {
          std::to_string(status.stx_btime.tv_nsec);
 }
 
+std::optional<FileNumber> fileNumber(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return FileNumber{status.st_dev, status.st_ino};
+}
+
 }  // namespace norvast

@@ -1,9 +1,11 @@
 #include "platform/regular_file.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <string_view>
@@ -18,24 +20,55 @@ namespace {
 
 constexpr const char* OWN_DESCRIPTORS = "/proc/self/fd";  // a link for each, named by its number
 
+// How many are tried where they are not listed. The system gives out the lowest free number.
+constexpr rlim_t MOST_DESCRIPTORS = rlim_t{1} << 16;
+
 bool isSameFile(const struct stat& one, int number) {
   struct stat other {};
   return fstat(number, &other) == 0 && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-// True when a descriptor other than `looking` and the standard ones has that file open, or when
-// that cannot be told.
-bool isOpenHere(const struct stat& file, const Descriptor& looking) {
+// Calls `visit` with the number of each open descriptor. Without /proc, with all that may be one.
+template <typename Visit>
+void forEachDescriptor(Visit visit) {
   std::error_code failure;
   std::filesystem::directory_iterator entry(OWN_DESCRIPTORS, failure);
   for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
     const std::string name = entry->path().filename();
     int number = -1;
     (void)std::from_chars(name.data(), name.data() + name.size(), number);
-    if (number <= STDERR_FILENO || number == looking.number()) continue;
-    if (isSameFile(file, number)) return true;
+    visit(number);
   }
-  return static_cast<bool>(failure);
+  if (!failure) return;
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) limit.rlim_cur = MOST_DESCRIPTORS;
+  const auto end = static_cast<int>(std::min<rlim_t>(limit.rlim_cur, MOST_DESCRIPTORS));
+  for (int number = 0; number < end; ++number) visit(number);
+}
+
+// True when a descriptor other than `looking` and the standard ones has that file open.
+bool isOpenHere(const struct stat& file, const Descriptor& looking) {
+  bool isFound = false;
+  forEachDescriptor([&](int number) {
+    if (number <= STDERR_FILENO || number == looking.number()) return;
+    isFound = isFound || isSameFile(file, number);
+  });
+  return isFound;
+}
+
+// Opens the file that `place` refers to: through /proc the very same, whatever has become of its
+// path. Without /proc by the path, when that still leads there.
+Descriptor openAgain(const Descriptor& place, const struct stat& status, const std::string& path) {
+  constexpr int FLAGS = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  const std::string link = std::string(OWN_DESCRIPTORS) + "/" + std::to_string(place.number());
+  Descriptor file(open(link.c_str(), FLAGS));
+  if (file || access(OWN_DESCRIPTORS, F_OK) == 0) return file;
+  file = Descriptor(open(path.c_str(), FLAGS));
+  if (!file || isSameFile(status, file.number())) return file;
+  // Another file came to the path. It may be one that is open here, and is never closed then.
+  struct stat other {};
+  if (fstat(file.number(), &other) != 0 || isOpenHere(other, file)) (void)file.release();
+  return Descriptor();
 }
 
 }  // namespace
@@ -50,9 +83,7 @@ std::optional<RegularFile> openRegularFile(const std::string& path) {
     return std::nullopt;
   if (isOpenHere(status, place)) return std::nullopt;
 
-  // The very same file, whatever has become of its path.
-  const std::string link = std::string(OWN_DESCRIPTORS) + "/" + std::to_string(place.number());
-  Descriptor file(open(link.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  Descriptor file = openAgain(place, status, path);
   if (!file) return std::nullopt;
   return RegularFile{std::move(file), static_cast<std::uint64_t>(status.st_size)};
 }

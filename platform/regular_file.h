@@ -20,7 +20,8 @@ struct RegularFile {
 // it may not be read, when it is anything else, or when `path` holds a NUL, which no name can.
 // Nothing, too, for a file that this process has open already, under whatever name: closing any
 // descriptor of a file drops all locks of the process on it (fcntl(2)), and a database that lost
-// its locks without knowing is worked on by others as if nobody used it. Needs /proc.
+// its locks without knowing is worked on by others as if nobody used it. Where /proc is not
+// mounted, the descriptors are tried one by one, up to 65,536 of them.
 std::optional<RegularFile> openRegularFile(const std::string& path);
 
 // All bytes of such a file. Nothing also when there are more than `limitBytes`.

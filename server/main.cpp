@@ -40,6 +40,8 @@ void serve(std::string line, const ProcessValues& values, Output& output) {
 
 int main() {
   using namespace norvast;
+  // A file that the client left open here would count as one of our own, which are never read.
+  closeInheritedDescriptors();
   keepStandardDescriptorsOpen();
   ignoreBrokenPipes();
   const ProcessValues& values = settleProcessValues();

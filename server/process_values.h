@@ -14,7 +14,7 @@ inline constexpr const char* PROTOCOL_VERSION = "2024-11-05";
 
 struct ProcessValues {
   // Nothing when there is no index database; one that is created later is seen after a restart.
-  std::optional<MCPStore> store = MCPStore::open();
+  std::optional<MCPStore> store = MCPStore::openToServe();
   std::optional<SentenceEmbedding> sentence = SentenceEmbedding::english();
   Catalogue catalogue = buildCatalogue();
 };

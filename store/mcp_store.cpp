@@ -26,6 +26,16 @@ std::optional<MCPStore> MCPStore::open() {
   return store;
 }
 
+// The connection for reading goes first. It fails where a crash left a change half written, and
+// then the connection for writing is left alone, which would take that change back at once.
+std::optional<MCPStore> MCPStore::openToServe() {
+  auto store = open();
+  if (!store) return std::nullopt;
+  store->rdb.openLogNow();
+  if (!store->rdb.hasFailed()) store->wdb.openLogNow();
+  return store;
+}
+
 std::int64_t MCPStore::scalar(const std::string& sql, const Binds& binds) const {
   Statement statement(rdb, sql, binds);
   return statement.step() ? statement.integer(0) : 0;

@@ -24,7 +24,8 @@ Statement::Statement(const Connection& connection, const std::string& sql)
 
 Statement::Statement(const Connection& connection, const std::string& sql,
                      std::span<const std::string> binds) {
-  if (!connection) return;
+  // Before anything is read: SQLite looks for its log by the path, and would find another one's.
+  if (!connection || connection.isReplaced()) return;
   sqlite3_stmt* handle = nullptr;
   if (sqlite3_prepare_v2(connection.handle(), sql.c_str(), TO_NUL, &handle, nullptr) != SQLITE_OK) {
     return;

@@ -16,8 +16,9 @@ namespace norvast {
 
 class Connection;
 
-// Prepared on construction and finalized with its owner. One that could not be prepared (no
-// connection, no such table, bad syntax) never has a row.
+// Prepared on construction and finalized with its owner. A statement that could not be prepared
+// never has a row: there is no connection, its file was replaced, a table is missing, the syntax is
+// bad.
 class Statement {
  public:
   Statement(const Connection& connection, const std::string& sql);

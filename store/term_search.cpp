@@ -22,9 +22,9 @@ constexpr std::size_t WILDCARDS = 2;
 // The columns of the reading.
 constexpr int PATH = 0;
 constexpr int NAME = 1;
-constexpr int MODIFIED = 2;
-constexpr int SUMMARY = 3;
-constexpr int ENTITIES = 4;
+constexpr int MODIFIED = 5;
+constexpr int SUMMARY = 6;
+constexpr int ENTITIES = 7;
 
 // A record that is among the best of some terms.
 struct Kept {
@@ -152,14 +152,35 @@ class Search {
   std::uint32_t candidate_ = NONE;
 };
 
+// All columns that the search for one term names: without one of them this fails as that does.
+constexpr const char* IN_NO_ORDER =
+    R"(SELECT f.path,f.name,f.ext,f.grp,f.size,f.modified,a.summary,a.entities FROM file f
+LEFT JOIN analysis a ON a.path = f.path)";
+
+// The condition and the order of the search for one term: ?1 is a pattern that every text matches,
+// ?2 is NULL and so no name does, which leaves the order by time alone.
+constexpr const char* AS_ONE_SEARCH = R"(
+WHERE f.name LIKE ?1 ESCAPE '\' OR a.summary LIKE ?1 ESCAPE '\' OR a.entities LIKE ?1 ESCAPE '\'
+ORDER BY (CASE WHEN f.name LIKE ?2 ESCAPE '\' THEN 0 ELSE 1 END), f.modified DESC)";
+
+// Among records of the same time the first that SQLite reads comes first. A table with one key has
+// one order of reading. By which of several indexes SQLite reads depends on the whole statement, so
+// that one is then run as it is, with the time and memory of a sort of the library.
+Statement reading(const MCPStore& store) {
+  const bool hasIndexes =
+      store.scalar(
+          "SELECT COUNT(*) FROM sqlite_schema WHERE type = 'index' AND lower(tbl_name) = 'file' "
+          "AND sql IS NOT NULL") > 0;
+  if (!hasIndexes) return {store.rdb, IN_NO_ORDER};
+  return {store.rdb, std::string(IN_NO_ORDER) + AS_ONE_SEARCH, std::vector<std::string>{"%%"}};
+}
+
 }  // namespace
 
 void searchTerms(const MCPStore& store, std::span<const std::string> terms, std::int64_t limit,
                  const std::function<void(std::size_t, const std::string&)>& visit) {
   if (terms.empty() || !store.rdb) return;
-  Statement rows(store.rdb,
-                 "SELECT f.path,f.name,f.modified,a.summary,a.entities FROM file f "
-                 "LEFT JOIN analysis a ON a.path = f.path");
+  Statement rows = reading(store);
   Search search(store, terms, static_cast<std::size_t>(std::clamp<std::int64_t>(limit, 1, 500)));
   while (rows.step()) search.add(rows);
   if (rows.isDone()) search.visit(visit);

@@ -21,6 +21,7 @@ Json callTool(const std::string& name, const Arguments& arguments,
   }
   const Tool* tool = toolNamed(name);
   if (tool == nullptr) return textResult("Unknown tool: " + name, IsError::yes);
+  store->limitTime();
   return tool->body(arguments, {*store, sentence});
 }
 

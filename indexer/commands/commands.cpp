@@ -62,6 +62,7 @@ ExitStatus libraryCommand(Switch position) {
 ExitStatus statusCommand(Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
+  store->limitTime();
   if (const auto why = objectionToIndex()) return fail(*why);
   const auto status = indexStatus(*store);
   if (!status) return failToRead(store->rdb);
@@ -72,6 +73,7 @@ ExitStatus statusCommand(Form form) {
 ExitStatus showCommand(const std::vector<std::string>& paths, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
+  store->limitTime();
   ExitStatus status = ExitStatus::done;
   Json::Array files;
   for (const std::string& path : paths) {
@@ -93,6 +95,7 @@ ExitStatus showCommand(const std::vector<std::string>& paths, Form form) {
 ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
+  store->limitTime();
   if (const auto why = objectionToIndex()) return fail(*why);
   const std::string named = paths.empty() ? "/" : paths.front();
   const auto path = indexedPath(named);
@@ -110,6 +113,7 @@ ExitStatus withoutTextCommand(const std::vector<std::string>& paths, Form form) 
 ExitStatus auditCommand(std::uint64_t last, Follow follow, Form form) {
   const auto store = MCPStore::open();
   if (!store) return failWithoutIndex();
+  if (follow == Follow::no) store->limitTime();
   auto events = lastEvents(*store, last);
   if (!events) return failToRead(store->rdb);
   if (events->empty() && follow == Follow::no && form == Form::text) std::cout << "no events\n";

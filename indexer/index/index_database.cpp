@@ -1,5 +1,9 @@
 #include "indexer/index/index_database.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +14,7 @@
 
 #include "indexer/index/index_schema.h"
 #include "platform/byte_order.h"
+#include "platform/descriptor.h"
 #include "platform/folders.h"
 #include "store/mcp_store.h"
 #include "store/statement.h"
@@ -71,6 +76,19 @@ std::string objection(const std::string& path) {
   return {};
 }
 
+// Keeps other runs from making the index at the same time, until the descriptor is closed. Where
+// the folder cannot be locked (some network file systems), nothing is locked.
+Descriptor lockOf(const std::filesystem::path& folder) {
+  Descriptor place(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (place) (void)flock(place.number(), LOCK_EX);
+  return place;
+}
+
+// An index that was moved away alone leaves its shared memory behind, which a running server may
+// still hold. SQLite would take it for that of the new index and read the old one's pages. The log
+// itself is removed by SQLite where it makes a new database.
+void dropOrphanedLog(const std::string& path) { (void)unlink((path + "-shm").c_str()); }
+
 }  // namespace
 
 std::variant<Connection, std::string> openIndex() {
@@ -84,6 +102,8 @@ std::variant<Connection, std::string> openIndex() {
   if (fileExists(*path) && !regularFileExists(*path)) return *path + " is not a file.";
   if (std::string why = objection(*path); !why.empty()) return why;
 
+  const Descriptor making = lockOf(folder);
+  if (!fileExists(*path)) dropOrphanedLog(*path);
   Connection connection = Connection::openReadWrite(*path);
   if (!connection) return "Cannot open the index at " + *path + ".";
 
@@ -96,6 +116,10 @@ std::variant<Connection, std::string> openIndex() {
   // Before write-ahead mode, so that the main file itself says from the first byte on whose it is.
   if (const auto obstacle = obstacleToPresentTables(connection)) {
     return "The index at " + *path + " cannot be written: " + *obstacle + ".";
+  }
+  if (hasViews(connection)) {
+    return "The index at " + *path +
+           " holds views, which norvast_index does not make; it is left as it is. Move it away.";
   }
   // Both are kept as they were where they are not possible. A power cut may then lose a batch that
   // was written, never the rest.

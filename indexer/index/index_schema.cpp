@@ -176,6 +176,10 @@ std::optional<std::string> obstacleToPresentTables(const Connection& index) {
   return index.lastFailure();
 }
 
+bool hasViews(const Connection& index) {
+  return Statement(index, "SELECT 1 FROM sqlite_schema WHERE type = 'view'").step();
+}
+
 bool hasItsTables(const Connection& index) {
   const std::int64_t version = versionOf(index);
   if (version != INDEX_VERSION) return version >= 0 && version < INDEX_VERSION;

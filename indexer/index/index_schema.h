@@ -29,6 +29,10 @@ inline constexpr std::int64_t READ_ANEW = -1;
 // that is done, else the reason why the index cannot be written, which is then as it was before.
 std::optional<std::string> obstacleToPresentTables(const Connection& index);
 
+// Returns true when there is a view in the index, which has none as this program makes it. One in
+// the place of a table may have no end.
+bool hasViews(const Connection& index);
+
 // True if all tables have the layout of this version, or if the index is of an earlier version.
 // False if they have not, or if that cannot be read.
 bool hasItsTables(const Connection& index);

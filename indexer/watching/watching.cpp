@@ -65,6 +65,7 @@ class Watching {
     while (!stop_.hasCome()) {
       wait();
       takeEvents();
+      if (index_.isReplaced()) return index_.lastFailure();
       if (!own_.take().empty() && !takeDecisions()) return obstacle_;
       if (!indexDue()) return obstacle_;
     }

@@ -37,6 +37,9 @@ class Watch : public testing::Test {
   }
   void TearDown() override { (void)end(); }
 
+  // Ends by itself.
+  Outcome ended() { return ended_.get(); }
+
   void start() {
     ended_ = std::async(std::launch::async, [this] { return index(home, "watch"); });
   }
@@ -145,6 +148,16 @@ TEST_F(Watch, TakesUpWhatOthersDecide) {
   const Outcome second = index(home, "watch");
   EXPECT_EQ(second.status, 1);
   EXPECT_NE(second.output.find("watches this index already"), std::string::npos);
+}
+
+TEST_F(Watch, EndsWhenItsIndexIsReplaced) {
+  const Outcome other = index(home, "status");
+  EXPECT_EQ(other.status, 0) << other.output;
+  fs::create_directory(home.path() / "away");
+  fs::rename(home.database(), home.path() / "away/norvast.sqlite");
+  const Outcome outcome = ended();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.output.find("moved away or replaced"), std::string::npos) << outcome.output;
 }
 
 TEST_F(Watch, EmbedsWithTheModelThatIsThereNow) {

@@ -27,6 +27,12 @@ class Library {
         sql += "INSERT INTO analysis VALUES(" + path + "," + value() + "," + value() + ",'');";
       }
     }
+    // Further indexes of a foreign table, by which it may be read in another order.
+    if (seed % 2 == 1) {
+      sql +=
+          "CREATE INDEX narrow ON file(modified, name, path);"
+          "CREATE INDEX wide ON file(name, path, ext, grp, size, modified);";
+    }
     home_.createIndex("BEGIN;" + sql + "COMMIT;");
     setenv("HOME", home_.path().c_str(), 1);
   }
@@ -101,6 +107,22 @@ TEST(TermSearch, FindsWhatOneSearchATermFinds) {
       }
       EXPECT_EQ(together[term], alone) << seed << ": " << terms[term].substr(0, 20) << " " << limit;
     }
+  }
+}
+
+TEST(TermSearch, FailsWithoutAColumnThatOneSearchNames) {
+  for (const char* column : {"ext", "grp", "size", "modified"}) {
+    const TestHome home;
+    home.createIndex(
+        "INSERT INTO file VALUES('/a','budget','','',0,1);ALTER TABLE file DROP COLUMN " +
+        std::string(column));
+    setenv("HOME", home.path().c_str(), 1);
+    const auto store = MCPStore::open();
+    ASSERT_TRUE(store);
+    const std::vector<std::string> terms = {"budget"};
+    EXPECT_TRUE(searchLibrary(*store, "budget", 9).empty());
+    searchTerms(*store, terms, 9,
+                [&](std::size_t, const std::string&) { ADD_FAILURE() << column; });
   }
 }
 
