@@ -22,6 +22,7 @@ using namespace indexer;
 namespace {
 
 using Rows = std::vector<std::string>;
+using Clock = std::chrono::steady_clock;
 
 struct Row {
   std::string line;
@@ -79,6 +80,11 @@ class DecisionsTable : public testing::Test {
         EXPECT_EQ(std::system(("cd \"" + folder + "\" && " + step).c_str()), 0) << step;
         settle();
       }
+      // A file may be read a moment after the one that was written last.
+      const auto end = Clock::now() + std::chrono::seconds(30);
+      while (shown() != row.shown && Clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      }
       EXPECT_EQ(shown(), row.shown) << row.line;
       run("remove .");
     }
@@ -102,11 +108,11 @@ TEST_F(DecisionsTable, HoldsWhileWatched) {
   int probes = 0;
   expectTable([&] {
     const std::string probe = "probe" + std::to_string(++probes);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    const auto end = Clock::now() + std::chrono::seconds(30);
     home.writeFile(folder + probe, probe);
     while (home.query("SELECT count(*) FROM mcp_exposure WHERE path LIKE '%/" + probe + "'") !=
            Rows{"1"}) {
-      ASSERT_LT(std::chrono::steady_clock::now(), end) << probe;
+      ASSERT_LT(Clock::now(), end) << probe;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
   });
